@@ -1,0 +1,164 @@
+// The main window: owns the puzzle state and every drawing surface, and hosts the command handlers.
+// The handlers of each subsystem are implemented in that subsystem's folder.
+#pragma once
+
+#include "platform/services.h"
+#include "play/puzzlestate.h"
+#include "play/random.h"
+
+#include <QWidget>
+#include <array>
+
+class FaceButton;
+class PictureBox;
+class ShapeBox;
+class SvgImage;
+class TextLabel;
+
+// The resource path of a command button face.
+QString faceResource(const QString &name);
+
+class vxmain : public QWidget
+{
+    Q_OBJECT
+public:
+    // programFolder is where the puzzle file and the library folder live.
+    vxmain(const Platform &platform, const QString &programFolder, QWidget *parent = nullptr);
+    ~vxmain() override;
+
+    PuzzleState &state()
+    {
+        return m_state;
+    }
+    const PuzzleState &state() const
+    {
+        return m_state;
+    }
+    // The client area, in whose pixels every layout number is measured.
+    QWidget *client() const
+    {
+        return m_client;
+    }
+
+    // Start-up (the window's load event), the window's life cycle and the layout.
+    void Form_Load();
+    void FrmRzMove();
+    void Form_Resize();
+    void Form_Activate();
+    void ScrResize();
+
+    // Picture loading, the grid and the frame animation.
+    // Returns false, after telling the player why, when the picture cannot be used; nothing changed then.
+    bool LoadPic(const QString &mode);
+    void DrawLines();
+    void FrAnimate();
+
+    // Play.
+    void Scramble();
+    void vxrz_MouseDown(Qt::MouseButton button, Qt::KeyboardModifiers shift, float X, float Y);
+    void vxpcs_MouseDown(int Index, Qt::MouseButton button, Qt::KeyboardModifiers shift, float X, float Y);
+    void Form_MouseMove(float X, float Y);
+    void Form_MouseUp(float X, float Y);
+
+    // Picture selection.
+    void PickImageFile();
+
+    // Command handlers, one per button.
+    void cb_new_Click();
+    void cb_lib_Click();
+    void cb_load_Click();
+    void cb_save_Click();
+    void cb_type_Click();
+    void cb_grid_Click();
+    void cb_resize_Click();
+    void cb_scramble_Click();
+    void cb_full_Click();
+    void cb_help_Click();
+    void cb_helpdoc_Click();
+    void cb_min_Click();
+    void cb_exit_Click();
+
+    // Controls, by their design names.
+    QWidget *fr_cmd = nullptr;
+    FaceButton *cb_new = nullptr;
+    FaceButton *cb_lib = nullptr;
+    FaceButton *cb_load = nullptr;
+    FaceButton *cb_save = nullptr;
+    FaceButton *cb_type = nullptr;
+    FaceButton *cb_grid = nullptr;
+    FaceButton *cb_resize = nullptr;
+    FaceButton *cb_scramble = nullptr;
+    FaceButton *cb_full = nullptr;
+    FaceButton *cb_help = nullptr;
+    FaceButton *cb_helpdoc = nullptr;
+    FaceButton *cb_min = nullptr;
+    FaceButton *cb_exit = nullptr;
+    PictureBox *vxrz = nullptr;
+    PictureBox *vxrz_s = nullptr;
+    PictureBox *vxblank = nullptr;
+    PictureBox *vxdrag = nullptr;
+    PictureBox *hlpdoc = nullptr;
+    std::array<PictureBox *, Codes::TraySlots> vxpcs{};
+    ShapeBox *hlpfr_rz = nullptr;
+    ShapeBox *hlpfr_pcs = nullptr;
+    ShapeBox *vxframe_main = nullptr;
+    ShapeBox *vxframe_border = nullptr;
+    ShapeBox *vxframe_inner = nullptr;
+    ShapeBox *vxfr_t = nullptr;
+    ShapeBox *vxfr_b = nullptr;
+    ShapeBox *vxfr_l = nullptr;
+    ShapeBox *vxfr_r = nullptr;
+    TextLabel *lblmsg = nullptr;
+    TextLabel *lbllogo = nullptr;
+    SvgImage *imglogo = nullptr;
+
+    // The picture at its own size while it is being fitted; empty otherwise.
+    QImage vxpicfull;
+
+signals:
+    // The exit command ends the run through this (the program quits the application on it).
+    void exitRequested();
+
+protected:
+    void resizeEvent(QResizeEvent *event) override;
+    void changeEvent(QEvent *event) override;
+    bool event(QEvent *event) override;
+    void paintEvent(QPaintEvent *event) override;
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+private:
+    void buildControls();
+    void buildCommandBar();
+    void hideFrameBars();
+    void showFrameBars(bool shown);
+    void outlineTrayBox(int i);
+    // Every place of the board from the tables: tiles from the whole picture, the blank image elsewhere.
+    void drawBoard();
+    // The tray boxes in use drawn again from Pcs (after a layout pass emptied them).
+    void drawTrayHeld();
+    void liftFromBoard(Integer P, float X, float Y);
+    void startDrag();
+    void dropOnBoard(const QPoint &point, int S);
+    void dropOnTray(int k, int S);
+    void putBack(int S);
+    // The picture is whole again: the frame, the whole picture, and play ends.
+    void finishSolved();
+    void HelpOn(Integer pos, bool fromTray);
+    // Mode "Lib" of LoadPic: the chosen file into the library folder.
+    bool storeInLibrary();
+
+    Platform m_platform;
+    PuzzleState m_state;
+    QString m_programFolder;
+    QWidget *m_client = nullptr;
+    QWidget *vxmin = nullptr;
+    RandomSource m_random;
+    bool m_scrambling = false;
+
+public:
+    // Pins the random generator, so that a test can repeat a scramble.
+    void setRandomSeed(quint32 seed)
+    {
+        m_random = RandomSource(seed);
+    }
+};

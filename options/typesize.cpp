@@ -1,0 +1,57 @@
+// The puzzle type switch and the board size command.
+#include "app/vxmain.h"
+#include "options/rzfrm.h"
+#include "platform/facebutton.h"
+#include "platform/picturebox.h"
+
+void vxmain::cb_type_Click()
+{
+    PuzzleState &s = m_state;
+    if (!s.allows(Command::Type))
+        return;
+    if (s.InPlay &&
+        m_platform.messages.show(QStringLiteral("Changing the Puzzle Type will Clear the Current Puzzle\n"
+                                                "Do You Wish to Change Type"),
+                                 QStringLiteral("Change Puzzle Type"), MsgStyle::YesNoQuestion) == MsgAnswer::No)
+        return;
+    if (cb_type->Tag == Codes::Drag) {
+        cb_type->setFace(faceResource(QStringLiteral("cb_type_s")));
+        cb_type->Tag = Codes::Slide;
+        s.PuzType = Codes::Slide;
+        for (PictureBox *box : vxpcs)
+            box->hide();
+    } else {
+        cb_type->setFace(faceResource(QStringLiteral("cb_type_d")));
+        cb_type->Tag = Codes::Drag;
+        s.PuzType = Codes::Drag;
+        for (int i = 0; i < Codes::TraySlots; ++i)
+            vxpcs[i]->setVisible(i < s.GridN);
+    }
+    if (s.InPlay) {
+        hideFrameBars();
+        s.InPlay = false;
+        // A picture that can no longer be read leaves an empty board and no puzzle.
+        if (!LoadPic(QStringLiteral("Load")))
+            ScrResize();
+    } else {
+        ScrResize();
+    }
+}
+
+void vxmain::cb_resize_Click()
+{
+    PuzzleState &s = m_state;
+    if (!s.allows(Command::Resize))
+        return;
+    const Integer before = s.GridN;
+    {
+        rzfrm dialog(s.GridN, this);
+        m_platform.modals.exec(dialog);
+    }
+    if (s.GridN == before)
+        return;
+    s.setGridSize(s.GridN);
+    ScrResize();
+    if (!s.PicFile.isEmpty())
+        Scramble();
+}

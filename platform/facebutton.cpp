@@ -1,0 +1,49 @@
+// Face buttons paint their SVG at the device's pixel ratio, so faces stay crisp on any screen.
+#include "platform/facebutton.h"
+
+#include <QPainter>
+
+FaceButton::FaceButton(QWidget *parent, const QString &facePath, const QString &toolTip)
+    : QAbstractButton(parent)
+{
+    setToolTip(toolTip);
+    setFocusPolicy(Qt::TabFocus);
+    setFace(facePath);
+}
+
+void FaceButton::setFace(const QString &facePath)
+{
+    m_facePath = facePath;
+    m_renderer.load(facePath);
+    update();
+}
+
+void FaceButton::paintEvent(QPaintEvent *)
+{
+    QPainter p(this);
+    p.setRenderHint(QPainter::Antialiasing);
+    QRectF r = rect();
+    // Pressed faces sink by one pixel; a light ring marks hover and keyboard focus.
+    if (isDown())
+        r.translate(1, 1);
+    m_renderer.render(&p, r);
+    if (m_hover || hasFocus()) {
+        p.setPen(QPen(QColor(255, 255, 255, hasFocus() ? 200 : 110), 1));
+        p.setBrush(Qt::NoBrush);
+        p.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), 4, 4);
+    }
+}
+
+void FaceButton::enterEvent(QEnterEvent *event)
+{
+    m_hover = true;
+    update();
+    QAbstractButton::enterEvent(event);
+}
+
+void FaceButton::leaveEvent(QEvent *event)
+{
+    m_hover = false;
+    update();
+    QAbstractButton::leaveEvent(event);
+}

@@ -1,0 +1,73 @@
+// A picture box: a child area with a persistent drawing that survives repaints, and the drawing
+// operations the game makes on it (bit-block copies, stretch drawing, lines, outlines, text).
+#pragma once
+
+#include <QImage>
+#include <QWidget>
+
+enum class LineStyle { Solid, Dotted };
+
+// The game keeps colours as &HBBGGRR values.
+inline QRgb fromBgr(qint32 c)
+{
+    return qRgb(c & 0xFF, (c >> 8) & 0xFF, (c >> 16) & 0xFF);
+}
+
+class PictureBox : public QWidget
+{
+    Q_OBJECT
+public:
+    explicit PictureBox(QWidget *parent, QColor back = Qt::white);
+
+    // The persistent drawing, always Format_RGB32 and exactly the box's size.
+    const QImage &image() const
+    {
+        return m_image;
+    }
+    QImage &image()
+    {
+        return m_image;
+    }
+    QColor backColor() const
+    {
+        return m_back;
+    }
+
+    // Resizes the box; the drawing keeps what lies inside the new size, the rest is background.
+    void setBoxSize(int w, int h);
+    // Empties the persistent picture to the background colour.
+    void clearPicture();
+    // Makes the persistent picture a copy of another picture, drawn at the top left.
+    void setPicture(const QImage &picture);
+    // Draws a whole picture stretched (smoothly) over a rectangle of the box.
+    void stretchDraw(const QImage &picture, const QRect &target);
+    // A one-pixel horizontal or vertical line from (x1, y1) towards (x2, y2), the end point excluded as
+    // the graphics device draws lines. It is not repainted until refresh().
+    void drawLine(int x1, int y1, int x2, int y2, QRgb color, LineStyle style = LineStyle::Solid);
+    // The outline of the rectangle with the corners (x1, y1) and (x2, y2), both included; repainted.
+    void drawRectOutline(int x1, int y1, int x2, int y2, QRgb color);
+    // Prints one line of text at the current print position and moves it to the next line.
+    void printLine(const QString &text, QColor color);
+    // Schedules a repaint of a rectangle of the box (or of all of it).
+    void refresh(const QRect &r = QRect());
+
+signals:
+    void mousePressed(Qt::MouseButton button, Qt::KeyboardModifiers modifiers, QPointF pos);
+    void mouseDoubleClicked(QPointF pos);
+
+protected:
+    void paintEvent(QPaintEvent *event) override;
+    void mousePressEvent(QMouseEvent *event) override;
+    void mouseDoubleClickEvent(QMouseEvent *event) override;
+
+private:
+    QImage m_image;
+    QColor m_back;
+    int m_printY = 0;
+};
+
+// Copies a w x h rectangle from (sx, sy) of one box to (dx, dy) of another, source unchanged (the
+// plain copy raster operation), clipped to both boxes, and schedules the repaint of the target.
+void bitBlt(PictureBox &dst, int dx, int dy, int w, int h, const PictureBox &src, int sx, int sy);
+// The same between plain images, for callers that hold no box.
+void bitBlt(QImage &dst, int dx, int dy, int w, int h, const QImage &src, int sx, int sy);

@@ -1,0 +1,56 @@
+// Plain window parts: filled rectangle shapes, coloured bars, outline markers and text labels.
+#pragma once
+
+#include <QWidget>
+
+// A rectangle shape drawn on the window: optional fill and an inner border of a given width.
+class ShapeBox : public QWidget
+{
+    Q_OBJECT
+public:
+    ShapeBox(QWidget *parent, QColor fill, QColor border, int borderWidth, bool filled = true);
+
+protected:
+    void paintEvent(QPaintEvent *event) override;
+
+private:
+    QColor m_fill;
+    QColor m_border;
+    int m_borderWidth;
+    bool m_filled;
+};
+
+// A one-line text label with its own colours.
+class TextLabel : public QWidget
+{
+    Q_OBJECT
+public:
+    TextLabel(QWidget *parent, const QString &text, QColor fore, QColor back, Qt::Alignment align);
+    QString text() const
+    {
+        return m_text;
+    }
+
+protected:
+    void paintEvent(QPaintEvent *event) override;
+
+private:
+    QString m_text;
+    QColor m_fore;
+    QColor m_back;
+    Qt::Alignment m_align;
+};
+
+// A fixed vector picture (the logo image).
+class SvgImage : public QWidget
+{
+    Q_OBJECT
+public:
+    SvgImage(QWidget *parent, const QString &path);
+
+protected:
+    void paintEvent(QPaintEvent *event) override;
+
+private:
+    QString m_path;
+};

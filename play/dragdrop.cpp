@@ -1,0 +1,166 @@
+// Type "D": lifting a piece from the board or the tray, carrying it with the pointer, and dropping it
+// on a board place or a tray box, where it exchanges places with what stood there.
+#include "app/vxmain.h"
+#include "platform/picturebox.h"
+#include "play/moves.h"
+
+void vxmain::liftFromBoard(Integer P, float X, float Y)
+{
+    PuzzleState &s = m_state;
+    if (s.Board[P].Home < 0)
+        return;
+    s.Find_XY(P);
+    vxdrag->clearPicture();
+    vxdrag->move(vxrz->x() + int(X), vxrz->y() + int(Y));
+    // The drag image is the piece as the board shows it, grid lines at its right and bottom edge.
+    bitBlt(*vxdrag, 0, 0, s.TileW + 1, s.TileH + 1, *vxrz, s.PosX, s.PosY);
+    bitBlt(*vxrz, s.PosX, s.PosY, s.TileW, s.TileH, *vxblank, 0, 0);
+    startDrag();
+    s.DragFrom = Codes::FromBoard;
+    s.DragIdx = P;
+    DrawLines();
+}
+
+void vxmain::vxpcs_MouseDown(int Index, Qt::MouseButton, Qt::KeyboardModifiers, float X, float Y)
+{
+    PuzzleState &s = m_state;
+    if (!s.allows(Command::BoardPress) || m_scrambling)
+        return;
+    if (s.HintMode) {
+        HelpOn(Integer(Index), true);
+        return;
+    }
+    if (s.PuzType != Codes::Drag || s.Pcs[Index].Home < 0)
+        return;
+    vxdrag->clearPicture();
+    vxdrag->move(vxpcs[Index]->x() + int(X), vxpcs[Index]->y() + int(Y));
+    bitBlt(*vxdrag, 0, 0, s.TileW, s.TileH, *vxrz_s, s.Pcs[Index].SrcX, s.Pcs[Index].SrcY);
+    vxdrag->drawRectOutline(0, 0, s.TileW, s.TileH, fromBgr(s.GridColor));
+    vxpcs[Index]->clearPicture();
+    outlineTrayBox(Index);
+    vxpcs[Index]->repaint();
+    startDrag();
+    s.DragFrom = Codes::FromTray;
+    s.DragIdx = Integer(Index);
+}
+
+void vxmain::startDrag()
+{
+    vxdrag->raise();
+    vxdrag->show();
+    vxrz->setEnabled(false);
+    for (int i = 0; i < m_state.GridN; ++i)
+        vxpcs[i]->setEnabled(false);
+    // Moves and the release reach the window wherever the pointer goes until the drop.
+    m_client->grabMouse();
+}
+
+void vxmain::Form_MouseMove(float X, float Y)
+{
+    // Moving the drag box repaints only what it uncovers, never the whole board.
+    if (m_state.DragIdx >= 0)
+        vxdrag->move(int(vb::roundHalfEven(X - 4)), int(vb::roundHalfEven(Y - 4)));
+}
+
+void vxmain::Form_MouseUp(float X, float Y)
+{
+    PuzzleState &s = m_state;
+    if (s.HintMode || s.DragIdx < 0)
+        return;
+    const int S = s.DragIdx;
+    s.DragIdx = -1;
+    m_client->releaseMouse();
+    vxrz->setEnabled(true);
+    vxdrag->hide();
+    std::vector<QRect> tray;
+    for (int i = 0; i < s.GridN; ++i) {
+        vxpcs[i]->setEnabled(true);
+        tray.push_back(vxpcs[i]->geometry());
+    }
+    const DropTarget target = findDropTarget(QPointF(X, Y), vxrz->geometry(), tray);
+    s.PosX = Integer(target.point.x());
+    s.PosY = Integer(target.point.y());
+    if (target.kind == DropTarget::Board)
+        dropOnBoard(target.point, S);
+    else if (target.kind == DropTarget::Tray)
+        dropOnTray(target.tray, S);
+    else
+        putBack(S);
+    if (s.InPlace == s.TileTotal)
+        finishSolved();
+}
+
+void vxmain::putBack(int S)
+{
+    PuzzleState &s = m_state;
+    if (s.DragFrom == Codes::FromTray) {
+        vxpcs[S]->setPicture(vxdrag->image());
+        vxpcs[S]->repaint();
+        outlineTrayBox(S);
+        return;
+    }
+    s.Find_XY(Integer(S));
+    bitBlt(*vxrz, s.PosX, s.PosY, s.TileW, s.TileH, *vxdrag, 0, 0);
+    DrawLines();
+}
+
+void vxmain::dropOnBoard(const QPoint &point, int S)
+{
+    PuzzleState &s = m_state;
+    const Integer T = placeAt(s, float(point.x() - vxrz->x()), float(point.y() - vxrz->y()));
+    s.Find_XY(T);
+    const TileRec target = s.Board[T];
+    if (s.DragFrom == Codes::FromTray) {
+        bitBlt(*vxrz, s.PosX, s.PosY, s.TileW + 1, s.TileH + 1, *vxrz_s, s.Pcs[S].SrcX, s.Pcs[S].SrcY);
+        if (target.Home < 0)
+            vxpcs[S]->clearPicture();
+        else
+            bitBlt(*vxpcs[S], 0, 0, s.TileW + 1, s.TileH + 1, *vxrz_s, target.SrcX, target.SrcY);
+        outlineTrayBox(S);
+        vxpcs[S]->repaint();
+        exchangeHolders(s, {Holder::Tray, S}, {Holder::Board, T});
+    } else {
+        bitBlt(*vxrz, s.PosX, s.PosY, s.TileW + 1, s.TileH + 1, *vxrz_s, s.Board[S].SrcX, s.Board[S].SrcY);
+        // The piece that stood on T goes to the place the dragged one came from; an empty T leaves
+        // that place blank, as the lift drew it.
+        if (target.Home >= 0) {
+            s.Find_XY(Integer(S));
+            bitBlt(*vxrz, s.PosX, s.PosY, s.TileW + 1, s.TileH + 1, *vxrz_s, target.SrcX, target.SrcY);
+        }
+        exchangeHolders(s, {Holder::Board, S}, {Holder::Board, T});
+    }
+    DrawLines();
+}
+
+void vxmain::dropOnTray(int k, int S)
+{
+    PuzzleState &s = m_state;
+    if (s.DragFrom == Codes::FromTray) {
+        vxpcs[S]->setPicture(vxpcs[k]->image());
+        vxpcs[S]->repaint();
+        exchangeHolders(s, {Holder::Tray, S}, {Holder::Tray, k});
+    } else {
+        if (s.Pcs[k].Home >= 0) {
+            s.Find_XY(Integer(S));
+            bitBlt(*vxrz, s.PosX, s.PosY, s.TileW + 1, s.TileH + 1, *vxrz_s, s.Pcs[k].SrcX, s.Pcs[k].SrcY);
+        }
+        exchangeHolders(s, {Holder::Board, S}, {Holder::Tray, k});
+        DrawLines();
+    }
+    bitBlt(*vxpcs[k], 0, 0, s.TileW + 1, s.TileH + 1, *vxdrag, 0, 0);
+    outlineTrayBox(k);
+    vxpcs[k]->repaint();
+}
+
+void vxmain::drawTrayHeld()
+{
+    const PuzzleState &s = m_state;
+    if (s.PuzType != Codes::Drag || !s.InPlay)
+        return;
+    for (int i = 0; i < s.GridN; ++i) {
+        if (s.Pcs[i].Home < 0)
+            continue;
+        bitBlt(*vxpcs[i], 0, 0, s.TileW, s.TileH, *vxrz_s, s.Pcs[i].SrcX, s.Pcs[i].SrcY);
+        outlineTrayBox(i);
+    }
+}
