@@ -12,7 +12,7 @@ int main(int argc, char **argv)
         std::fprintf(stderr, "usage: makesamples FOLDER\n");
         return 1;
     }
-    // The application object sets up the plugin paths where the JPEG writer lives.
+    // With an application object, plugin lookup also honours the program's own folder (qt.conf).
     QCoreApplication app(argc, argv);
     const QString folder = QString::fromLocal8Bit(argv[1]);
     if (!QDir().mkpath(folder)) {

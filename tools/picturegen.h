@@ -5,7 +5,8 @@
 #include <QSize>
 #include <QString>
 
-namespace picturegen {
+namespace picturegen
+{
 
 // A photo-like landscape (Format_RGB32): sky, sun, mountains or hills, houses or boats, trees, and fine
 // grain everywhere. The same size and seed always give the same picture; a null image for an empty size.
