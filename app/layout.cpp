@@ -77,15 +77,15 @@ void vxmain::ScrResize()
     } else {
         Y = CLng(SH) / 2 - CLng(vxrz->height() + 8) / 2;
     }
-    vxframe_main->setGeometry(CLng(SW) / 2 - CLng(vxrz->width() + 8) / 2, Y, vxrz->width() + 17,
-                              vxrz->height() + 17);
+    vxframe_main->setGeometry(
+        CLng(SW) / 2 - CLng(vxrz->width() + 8) / 2, Y, vxrz->width() + 17, vxrz->height() + 17);
     const QRect M = vxframe_main->geometry();
     vxframe_border->setGeometry(M.x() + 2, M.y() + 2, M.width() - 4, M.height() - 4);
     const QRect B = vxframe_border->geometry();
     vxframe_inner->setGeometry(B.x() + 4, B.y() + 4, B.width() - 8, B.height() - 8);
     vxrz->move(M.x() + 8, M.y() + 8);
     vxrz_s->move(vxrz->pos());
-    for (ShapeBox *bar : {vxfr_t, vxfr_b, vxfr_l, vxfr_r})
+    for (ShapeBox *bar : { vxfr_t, vxfr_b, vxfr_l, vxfr_r })
         bar->raise();
 
     fr_cmd->move(CLng(SW) / 2 - CLng(fr_cmd->width()) / 2, fr_cmd->y());

@@ -18,13 +18,13 @@ int main(int argc, char *argv[])
         return 0;
     QApplication::setQuitOnLastWindowClosed(false);
     const QString folder = chooseProgramFolder(QApplication::applicationDirPath(),
-                                               QStandardPaths::writableLocation(QStandardPaths::AppDataLocation));
+        QStandardPaths::writableLocation(QStandardPaths::AppDataLocation));
     QtMessageBoxes messages;
     QtFileDialogs files;
     QtPointers pointers;
     QtEventPump events;
     QtModalRunner modals;
-    vxmain window(Platform{messages, files, pointers, events, modals}, folder);
+    vxmain window(Platform { messages, files, pointers, events, modals }, folder);
     QObject::connect(&window, &vxmain::exitRequested, &app, &QApplication::quit, Qt::QueuedConnection);
     window.show();
     return QApplication::exec();

@@ -12,7 +12,8 @@
 #include <QPainter>
 #include <QWindowStateChangeEvent>
 
-namespace {
+namespace
+{
 const QColor BoardBack(255, 192, 192);
 const QColor FrameDark(128, 64, 64);
 const QColor FrameBorder(192, 122, 133);
@@ -29,19 +30,19 @@ struct ButtonDesign {
 };
 
 const ButtonDesign Buttons[] = {
-    {&vxmain::cb_new, "cb_new", "Open Image", 0},
-    {&vxmain::cb_lib, "cb_lib", "Image Library", 411},
-    {&vxmain::cb_load, "cb_load", "Open Saved Game", 822},
-    {&vxmain::cb_save, "cb_save", "Save Current Game", 1233},
-    {&vxmain::cb_type, "cb_type_s", "Change Game Type", 1644},
-    {&vxmain::cb_grid, "cb_grid_w", "Set Grid Color", 2055},
-    {&vxmain::cb_resize, "cb_resize", "Set Number of Tiles", 2466},
-    {&vxmain::cb_scramble, "cb_scramble", "Scramble Tyles", 2877},
-    {&vxmain::cb_full, "cb_full", "Display Full Image", 3288},
-    {&vxmain::cb_help, "cb_help", "Find Tile Position", 3699},
-    {&vxmain::cb_helpdoc, "cb_helpdoc", "View Help", 4110},
-    {&vxmain::cb_min, "cb_min", "Minimize Game", 4521},
-    {&vxmain::cb_exit, "cb_exit", "Exit Game", 4935},
+    { &vxmain::cb_new, "cb_new", "Open Image", 0 },
+    { &vxmain::cb_lib, "cb_lib", "Image Library", 411 },
+    { &vxmain::cb_load, "cb_load", "Open Saved Game", 822 },
+    { &vxmain::cb_save, "cb_save", "Save Current Game", 1233 },
+    { &vxmain::cb_type, "cb_type_s", "Change Game Type", 1644 },
+    { &vxmain::cb_grid, "cb_grid_w", "Set Grid Color", 2055 },
+    { &vxmain::cb_resize, "cb_resize", "Set Number of Tiles", 2466 },
+    { &vxmain::cb_scramble, "cb_scramble", "Scramble Tyles", 2877 },
+    { &vxmain::cb_full, "cb_full", "Display Full Image", 3288 },
+    { &vxmain::cb_help, "cb_help", "Find Tile Position", 3699 },
+    { &vxmain::cb_helpdoc, "cb_helpdoc", "View Help", 4110 },
+    { &vxmain::cb_min, "cb_min", "Minimize Game", 4521 },
+    { &vxmain::cb_exit, "cb_exit", "Exit Game", 4935 },
 };
 } // namespace
 
@@ -52,8 +53,8 @@ QString faceResource(const QString &name)
 
 vxmain::vxmain(const Platform &platform, const QString &programFolder, QWidget *parent)
     : QWidget(parent,
-              // No title bar; a tool window keeps it off the taskbar, where the mini window stands in.
-              Qt::Window | Qt::FramelessWindowHint | Qt::Tool)
+        // No title bar; a tool window keeps it off the taskbar, where the mini window stands in.
+        Qt::Window | Qt::FramelessWindowHint | Qt::Tool)
     , m_platform(platform)
     , m_programFolder(QDir::cleanPath(programFolder))
 {
@@ -92,29 +93,30 @@ void vxmain::buildControls()
     hlpdoc->hide();
     vxpcs[0] = new PictureBox(c, BoardBack);
     vxpcs[0]->hide();
-    for (ShapeBox **bar : {&vxfr_t, &vxfr_b, &vxfr_l, &vxfr_r}) {
+    for (ShapeBox **bar : { &vxfr_t, &vxfr_b, &vxfr_l, &vxfr_r }) {
         *bar = new ShapeBox(c, Red, Red, 0);
         (*bar)->hide();
     }
     hlpfr_pcs = new ShapeBox(c, Qt::transparent, Red, 2, false);
     hlpfr_pcs->hide();
     buildCommandBar();
-    lblmsg = new TextLabel(c, QStringLiteral("Click Image Continue To Game"), Qt::yellow, QColor(128, 128, 128),
-                           Qt::AlignCenter);
+    lblmsg = new TextLabel(c, QStringLiteral("Click Image Continue To Game"), Qt::yellow,
+        QColor(128, 128, 128), Qt::AlignCenter);
     lblmsg->resize(fr_cmd->width() + 2, fr_cmd->height() + 2);
     lblmsg->hide();
     imglogo = new SvgImage(c, QStringLiteral(":/logo.svg"));
     imglogo->resize(132, 24);
-    lbllogo = new TextLabel(c, QStringLiteral("Picture Tile Puzzle"), QColor(242, 239, 232), Qt::black,
-                            Qt::AlignCenter);
+    lbllogo = new TextLabel(
+        c, QStringLiteral("Picture Tile Puzzle"), QColor(242, 239, 232), Qt::black, Qt::AlignCenter);
     lbllogo->resize(132, 24);
     // The drag image floats above everything else while a piece is carried.
     vxdrag = new PictureBox(c, BoardBack);
     vxdrag->setAttribute(Qt::WA_TransparentForMouseEvents);
     vxdrag->hide();
-    connect(vxrz, &PictureBox::mousePressed, this, [this](Qt::MouseButton b, Qt::KeyboardModifiers m, QPointF p) {
-        vxrz_MouseDown(b, m, float(p.x()), float(p.y()));
-    });
+    connect(
+        vxrz, &PictureBox::mousePressed, this, [this](Qt::MouseButton b, Qt::KeyboardModifiers m, QPointF p) {
+            vxrz_MouseDown(b, m, float(p.x()), float(p.y()));
+        });
 }
 
 void vxmain::buildCommandBar()
@@ -122,7 +124,8 @@ void vxmain::buildCommandBar()
     fr_cmd = new QWidget(m_client);
     fr_cmd->resize(353, 24);
     for (const ButtonDesign &d : Buttons) {
-        auto *b = new FaceButton(fr_cmd, faceResource(QString::fromLatin1(d.face)), QString::fromLatin1(d.tip));
+        auto *b
+            = new FaceButton(fr_cmd, faceResource(QString::fromLatin1(d.face)), QString::fromLatin1(d.tip));
         // Design positions are in twips: 15 to a pixel, placed on whole pixels.
         b->setGeometry(int(vb::roundHalfEven(d.leftTwips / 15.0)), 1, 22, 22);
         this->*(d.member) = b;
@@ -155,9 +158,9 @@ void vxmain::Form_Load()
     }
     for (int i = 0; i < Codes::TraySlots; ++i) {
         connect(vxpcs[i], &PictureBox::mousePressed, this,
-                [this, i](Qt::MouseButton b, Qt::KeyboardModifiers m, QPointF p) {
-                    vxpcs_MouseDown(i, b, m, float(p.x()), float(p.y()));
-                });
+            [this, i](Qt::MouseButton b, Qt::KeyboardModifiers m, QPointF p) {
+                vxpcs_MouseDown(i, b, m, float(p.x()), float(p.y()));
+            });
         vxpcs[i]->stackUnder(vxdrag);
     }
     s.PzlFile = m_programFolder + QStringLiteral("/varno.pzl");
@@ -183,13 +186,13 @@ void vxmain::Form_Load()
 
 void vxmain::hideFrameBars()
 {
-    for (ShapeBox *bar : {vxfr_t, vxfr_b, vxfr_l, vxfr_r})
+    for (ShapeBox *bar : { vxfr_t, vxfr_b, vxfr_l, vxfr_r })
         bar->hide();
 }
 
 void vxmain::showFrameBars(bool shown)
 {
-    for (ShapeBox *bar : {vxfr_t, vxfr_b, vxfr_l, vxfr_r})
+    for (ShapeBox *bar : { vxfr_t, vxfr_b, vxfr_l, vxfr_r })
         bar->setVisible(shown);
 }
 

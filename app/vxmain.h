@@ -98,7 +98,7 @@ public:
     PictureBox *vxblank = nullptr;
     PictureBox *vxdrag = nullptr;
     PictureBox *hlpdoc = nullptr;
-    std::array<PictureBox *, Codes::TraySlots> vxpcs{};
+    std::array<PictureBox *, Codes::TraySlots> vxpcs {};
     ShapeBox *hlpfr_rz = nullptr;
     ShapeBox *hlpfr_pcs = nullptr;
     ShapeBox *vxframe_main = nullptr;

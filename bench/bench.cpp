@@ -19,7 +19,8 @@
 #include <functional>
 #include <malloc.h>
 
-namespace {
+namespace
+{
 
 // Platform services that never wait: the frame animation's pacing runs on virtual time.
 struct BenchPlatform : MessageBoxes, FileDialogs, Pointers, EventPump, ModalRunner {
@@ -58,7 +59,7 @@ struct BenchPlatform : MessageBoxes, FileDialogs, Pointers, EventPump, ModalRunn
     }
     Platform platform()
     {
-        return Platform{*this, *this, *this, *this, *this};
+        return Platform { *this, *this, *this, *this, *this };
     }
     qint64 m_now = 0;
 };
@@ -103,7 +104,7 @@ double peakRiseMiB(const std::function<void()> &f)
 void row(const char *what, double value, const char *unit, const char *baseName, double base)
 {
     std::printf("  %-46s %10.1f %-3s  %-28s %10.1f  ratio %5.2f\n", what, value, unit, baseName, base,
-                base > 0 ? value / base : 0.0);
+        base > 0 ? value / base : 0.0);
 }
 
 // Our path and the naive path from a file to the tile source and the board holding the picture.
@@ -123,7 +124,8 @@ void loadPicture(PictureBox &board, PictureBox &source, const QString &path, boo
 
 void benchLoading(const QString &dir, PictureBox &board, PictureBox &source)
 {
-    std::printf("Picture loading (time to the tile source and the board; peak memory above the level before)\n");
+    std::printf(
+        "Picture loading (time to the tile source and the board; peak memory above the level before)\n");
     const QString jpg = dir + "/camera.jpg", gif = dir + "/big.gif", bmp = dir + "/big.bmp";
     {
         const QImage photo = picturegen::scene(QSize(6000, 4000), 7);
@@ -137,14 +139,14 @@ void benchLoading(const QString &dir, PictureBox &board, PictureBox &source)
         scene.convertToFormat(QImage::Format_RGB888).save(bmp, "BMP");
     }
     std::printf("  inputs: 6000x4000 JPEG q90 %.1f MB, 4000x3000 GIF %.1f MB, 4000x3000 BMP %.1f MB\n",
-                QFile(jpg).size() / 1e6, QFile(gif).size() / 1e6, QFile(bmp).size() / 1e6);
+        QFile(jpg).size() / 1e6, QFile(gif).size() / 1e6, QFile(bmp).size() / 1e6);
     const int runs = 5;
     auto ours = [&](const QString &p) { return [&, p] { loadPicture(board, source, p, true); }; };
     auto naive = [&](const QString &p) { return [&, p] { loadPicture(board, source, p, false); }; };
     const double floor = medianUs(runs, [&] {
         QProcess djpeg;
         djpeg.setStandardOutputFile(QProcess::nullDevice());
-        djpeg.start(QStringLiteral("djpeg"), {QStringLiteral("-scale"), QStringLiteral("1/8"), jpg});
+        djpeg.start(QStringLiteral("djpeg"), { QStringLiteral("-scale"), QStringLiteral("1/8"), jpg });
         djpeg.waitForFinished();
     });
     const double memOurs = peakRiseMiB(ours(jpg)), memNaive = peakRiseMiB(naive(jpg));
@@ -152,7 +154,7 @@ void benchLoading(const QString &dir, PictureBox &board, PictureBox &source)
     row("JPEG reduced-size decode (ms)", tOurs / 1000, "ms", "djpeg -scale 1/8 floor (ms)", floor / 1000);
     row("JPEG naive full decode + scale (ms)", tNaive / 1000, "ms", "our path (ms)", tOurs / 1000);
     row("JPEG peak rise, our path (MiB)", memOurs, "MiB", "naive path (MiB)", memNaive);
-    for (const QString &p : {gif, bmp}) {
+    for (const QString &p : { gif, bmp }) {
         const double t = medianUs(runs, ours(p));
         const double plain = medianUs(runs, [&] { QImage(p).isNull(); });
         const QByteArray name = (QFileInfo(p).suffix().toUpper() + " load to board (ms)").toLatin1();
@@ -175,7 +177,7 @@ void benchPlay(vxmain &w, const QString &picture)
         for (Integer i = 0; i < s.TileTotal; ++i) {
             s.Find_XY(i);
             p.drawImage(QPoint(s.PosX, s.PosY), w.vxrz_s->image(),
-                        QRect(s.Board[i].SrcX, s.Board[i].SrcY, s.TileW, s.TileH));
+                QRect(s.Board[i].SrcX, s.Board[i].SrcY, s.TileW, s.TileH));
         }
         p.setPen(Qt::white);
         for (int k = 0; k <= 11; ++k)

@@ -7,7 +7,8 @@
 #include <QPainter>
 #include <QSvgRenderer>
 
-namespace {
+namespace
+{
 QCursor hintCursor()
 {
     QPixmap pm(32, 32);

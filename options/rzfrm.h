@@ -21,7 +21,7 @@ public:
     void cb_ok_Click();
     void cb_cancel_Click();
 
-    std::array<QRadioButton *, 10> szopt{};
+    std::array<QRadioButton *, 10> szopt {};
     QPushButton *cb_ok = nullptr;
     QPushButton *cb_cancel = nullptr;
     Integer ChosenSize = 0;

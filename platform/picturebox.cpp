@@ -37,8 +37,8 @@ void PictureBox::clearPicture()
 void PictureBox::setPicture(const QImage &picture)
 {
     m_image.fill(m_back);
-    const QImage src = picture.format() == QImage::Format_RGB32 ? picture
-                                                                 : picture.convertToFormat(QImage::Format_RGB32);
+    const QImage src
+        = picture.format() == QImage::Format_RGB32 ? picture : picture.convertToFormat(QImage::Format_RGB32);
     bitBlt(m_image, 0, 0, src.width(), src.height(), src, 0, 0);
     update();
 }
@@ -145,8 +145,8 @@ void bitBlt(QImage &dst, int dx, int dy, int w, int h, const QImage &src, int sx
         sy -= dy;
         dy = 0;
     }
-    w = std::min({w, src.width() - sx, dst.width() - dx});
-    h = std::min({h, src.height() - sy, dst.height() - dy});
+    w = std::min({ w, src.width() - sx, dst.width() - dx });
+    h = std::min({ h, src.height() - sy, dst.height() - dy });
     if (w <= 0 || h <= 0)
         return;
     Q_ASSERT(src.depth() == 32 && dst.depth() == 32);

@@ -50,7 +50,8 @@ QString QtFileDialogs::toQtFilter(const QString &filter)
     const QStringList entries = filter.split(QLatin1Char('|'));
     QStringList out;
     for (int i = 0; i + 1 < entries.size(); i += 2) {
-        const QString patterns = entries[i + 1].split(QLatin1Char(';'), Qt::SkipEmptyParts).join(QLatin1Char(' '));
+        const QString patterns
+            = entries[i + 1].split(QLatin1Char(';'), Qt::SkipEmptyParts).join(QLatin1Char(' '));
         out << entries[i] + QStringLiteral(" (") + patterns + QLatin1Char(')');
     }
     return out.join(QStringLiteral(";;"));
@@ -68,7 +69,7 @@ std::optional<FileChoice> QtFileDialogs::open(const QString &filter, int flags)
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
         return std::nullopt;
     const QString path = dialog.selectedFiles().constFirst();
-    return FileChoice{path, QFileInfo(path).fileName()};
+    return FileChoice { path, QFileInfo(path).fileName() };
 }
 
 void QtPointers::set(PointerShape shape, const QCursor &custom)

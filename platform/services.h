@@ -8,13 +8,15 @@
 #include <optional>
 
 // Message box styles and answers, as the game's handlers speak of them.
-namespace MsgStyle {
+namespace MsgStyle
+{
 constexpr int OkOnly = 0;
 constexpr int Critical = 16;
 constexpr int YesNoQuestion = 36;
 constexpr int Information = 64;
 } // namespace MsgStyle
-namespace MsgAnswer {
+namespace MsgAnswer
+{
 constexpr int Ok = 1;
 constexpr int Yes = 6;
 constexpr int No = 7;
@@ -29,7 +31,7 @@ public:
 };
 
 struct FileChoice {
-    QString fileName;  // full path
+    QString fileName; // full path
     QString fileTitle; // name without folder
 };
 
@@ -42,7 +44,8 @@ public:
     virtual std::optional<FileChoice> open(const QString &filter, int flags) = 0;
 };
 
-namespace OpenFlags {
+namespace OpenFlags
+{
 constexpr int HideReadOnly = 4;
 constexpr int ExtensionDifferent = 1024;
 constexpr int PathMustExist = 2048;

@@ -5,7 +5,8 @@
 
 QString SingleInstance::lockPath()
 {
-    return QDir(QDir::tempPath()).filePath(QStringLiteral("varno-%1.lock").arg(QString::fromLocal8Bit(qgetenv("USER"))));
+    return QDir(QDir::tempPath())
+        .filePath(QStringLiteral("varno-%1.lock").arg(QString::fromLocal8Bit(qgetenv("USER"))));
 }
 
 SingleInstance::SingleInstance()

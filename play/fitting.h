@@ -6,7 +6,8 @@
 #include <QSize>
 #include <QSizeF>
 
-namespace fitting {
+namespace fitting
+{
 
 constexpr double MaxBoxW = 520.0;
 constexpr double MaxBoxH = 390.0;
@@ -21,13 +22,13 @@ inline QSizeF fitToBoard(QSize picture)
         W = MaxBoxW;
         H = W / R;
     }
-    return {W, H};
+    return { W, H };
 }
 
 // The board box gets the fitted size on whole pixels.
 inline QSize boxPixels(QSizeF fitted)
 {
-    return {int(vb::roundHalfEven(fitted.width())), int(vb::roundHalfEven(fitted.height()))};
+    return { int(vb::roundHalfEven(fitted.width())), int(vb::roundHalfEven(fitted.height())) };
 }
 
 // The tile side for a box side; a side shorter than the board's count of tiles has no tile.
@@ -39,7 +40,7 @@ inline int tileSide(int boxSide, int gridN)
 // The board box rounded to whole tiles plus one pixel for the closing grid line.
 inline QSize boardFor(QSize box, int gridN)
 {
-    return {tileSide(box.width(), gridN) * gridN + 1, tileSide(box.height(), gridN) * gridN + 1};
+    return { tileSide(box.width(), gridN) * gridN + 1, tileSide(box.height(), gridN) * gridN + 1 };
 }
 
 } // namespace fitting

@@ -51,7 +51,7 @@ void PuzzleState::setGridSize(Integer n)
 
 void PuzzleState::redimBoard()
 {
-    Board.assign(std::size_t(TileTotal) + 1, TileRec{});
+    Board.assign(std::size_t(TileTotal) + 1, TileRec {});
 }
 
 Integer PuzzleState::countInPlace() const

@@ -17,7 +17,8 @@ struct TileRec {
 };
 static_assert(sizeof(TileRec) == 6, "a tile record is three 16-bit fields");
 
-namespace Codes {
+namespace Codes
+{
 inline const QString Slide = QStringLiteral("S");
 inline const QString Drag = QStringLiteral("D");
 inline const QString White = QStringLiteral("W");
@@ -80,7 +81,7 @@ public:
 
     // Places 0 .. TileTotal - 1, plus one spare record at TileTotal that play never touches.
     std::vector<TileRec> Board;
-    std::array<TileRec, Codes::TraySlots> Pcs{};
+    std::array<TileRec, Codes::TraySlots> Pcs {};
     TileRec TmpTile;
 
     // Place arithmetic: results are left in CurPos, PosX/PosY and PosCol/PosRow.

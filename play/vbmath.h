@@ -10,7 +10,8 @@
 using Integer = std::int16_t;
 using Long = std::int32_t;
 
-namespace vb {
+namespace vb
+{
 
 // Rounds to the nearest whole number, a half to the even neighbour (banker's rounding).
 inline double roundHalfEven(double v)

@@ -5,14 +5,15 @@
 #include <QImage>
 #include <QString>
 
-namespace picturefile {
+namespace picturefile
+{
 
 // Pictures whose header claims more pixels than this are refused before anything is allocated.
 constexpr qint64 MaxPixels = 100'000'000;
 
 struct Header {
-    QSize size;        // as shown, after the picture's own orientation is applied
-    QString error;     // empty when the file can be decoded
+    QSize size; // as shown, after the picture's own orientation is applied
+    QString error; // empty when the file can be decoded
 };
 
 // Reads only the header: the shown size, or what is wrong with the file.

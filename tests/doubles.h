@@ -20,7 +20,7 @@ class ScriptedMessageBoxes : public MessageBoxes
 public:
     int show(const QString &text, const QString &title, int style) override
     {
-        asked.append({text, title, style});
+        asked.append({ text, title, style });
         if (answers.empty())
             return style == MsgStyle::YesNoQuestion ? MsgAnswer::No : MsgAnswer::Ok;
         const int a = answers.front();
@@ -44,7 +44,7 @@ public:
         paths.pop_front();
         if (path.isNull())
             return std::nullopt;
-        return FileChoice{path, path.section(QLatin1Char('/'), -1)};
+        return FileChoice { path, path.section(QLatin1Char('/'), -1) };
     }
     // A chosen path (its title is the name part).
     void choose(const QString &path)
@@ -127,6 +127,6 @@ struct TestPlatform {
     ScriptedModals modals;
     Platform platform()
     {
-        return Platform{messages, files, pointers, events, modals};
+        return Platform { messages, files, pointers, events, modals };
     }
 };

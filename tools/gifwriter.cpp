@@ -6,104 +6,107 @@
 #include <unordered_map>
 #include <vector>
 
-namespace gifwriter {
-namespace {
-
-// 6 levels of red, 7 of green, 6 of blue: 252 colours.
-int paletteIndex(QRgb c)
+namespace gifwriter
 {
-    const int r = (qRed(c) * 5 + 127) / 255, g = (qGreen(c) * 6 + 127) / 255, b = (qBlue(c) * 5 + 127) / 255;
-    return (r * 7 + g) * 6 + b;
-}
-
-class BitPacker
+namespace
 {
-public:
-    explicit BitPacker(QByteArray &out)
-        : m_out(out)
+
+    // 6 levels of red, 7 of green, 6 of blue: 252 colours.
+    int paletteIndex(QRgb c)
     {
+        const int r = (qRed(c) * 5 + 127) / 255, g = (qGreen(c) * 6 + 127) / 255,
+                  b = (qBlue(c) * 5 + 127) / 255;
+        return (r * 7 + g) * 6 + b;
     }
-    void put(int code, int width)
+
+    class BitPacker
     {
-        m_acc |= quint32(code) << m_bits;
-        m_bits += width;
-        while (m_bits >= 8) {
-            byte(quint8(m_acc & 0xFF));
-            m_acc >>= 8;
-            m_bits -= 8;
+    public:
+        explicit BitPacker(QByteArray &out)
+            : m_out(out)
+        {
         }
-    }
-    void finish()
-    {
-        if (m_bits > 0)
-            byte(quint8(m_acc & 0xFF));
-        flushBlock();
-        m_out.append('\0');
-    }
-
-private:
-    void byte(quint8 b)
-    {
-        m_block.append(char(b));
-        if (m_block.size() == 255)
+        void put(int code, int width)
+        {
+            m_acc |= quint32(code) << m_bits;
+            m_bits += width;
+            while (m_bits >= 8) {
+                byte(quint8(m_acc & 0xFF));
+                m_acc >>= 8;
+                m_bits -= 8;
+            }
+        }
+        void finish()
+        {
+            if (m_bits > 0)
+                byte(quint8(m_acc & 0xFF));
             flushBlock();
-    }
-    void flushBlock()
-    {
-        if (m_block.isEmpty())
-            return;
-        m_out.append(char(m_block.size()));
-        m_out.append(m_block);
-        m_block.clear();
-    }
-    QByteArray &m_out;
-    QByteArray m_block;
-    quint32 m_acc = 0;
-    int m_bits = 0;
-};
+            m_out.append('\0');
+        }
 
-void compress(const std::vector<quint8> &pixels, QByteArray &out)
-{
-    constexpr int MinCodeSize = 8, Clear = 256, End = 257, MaxCode = 4095;
-    out.append(char(MinCodeSize));
-    BitPacker bits(out);
-    std::unordered_map<quint32, int> table;
-    table.reserve(8192);
-    int next = End + 1, width = MinCodeSize + 1;
-    bits.put(Clear, width);
-    int prefix = pixels.empty() ? 0 : pixels[0];
-    for (std::size_t i = 1; i < pixels.size(); ++i) {
-        const quint32 key = (quint32(prefix) << 8) | pixels[i];
-        const auto found = table.find(key);
-        if (found != table.end()) {
-            prefix = found->second;
-            continue;
+    private:
+        void byte(quint8 b)
+        {
+            m_block.append(char(b));
+            if (m_block.size() == 255)
+                flushBlock();
+        }
+        void flushBlock()
+        {
+            if (m_block.isEmpty())
+                return;
+            m_out.append(char(m_block.size()));
+            m_out.append(m_block);
+            m_block.clear();
+        }
+        QByteArray &m_out;
+        QByteArray m_block;
+        quint32 m_acc = 0;
+        int m_bits = 0;
+    };
+
+    void compress(const std::vector<quint8> &pixels, QByteArray &out)
+    {
+        constexpr int MinCodeSize = 8, Clear = 256, End = 257, MaxCode = 4095;
+        out.append(char(MinCodeSize));
+        BitPacker bits(out);
+        std::unordered_map<quint32, int> table;
+        table.reserve(8192);
+        int next = End + 1, width = MinCodeSize + 1;
+        bits.put(Clear, width);
+        int prefix = pixels.empty() ? 0 : pixels[0];
+        for (std::size_t i = 1; i < pixels.size(); ++i) {
+            const quint32 key = (quint32(prefix) << 8) | pixels[i];
+            const auto found = table.find(key);
+            if (found != table.end()) {
+                prefix = found->second;
+                continue;
+            }
+            bits.put(prefix, width);
+            if (next <= MaxCode) {
+                table.emplace(key, next);
+                if (next == (1 << width) && width < 12)
+                    ++width;
+                ++next;
+            } else {
+                // The table is full: start a fresh one.
+                bits.put(Clear, width);
+                table.clear();
+                next = End + 1;
+                width = MinCodeSize + 1;
+            }
+            prefix = pixels[i];
         }
         bits.put(prefix, width);
-        if (next <= MaxCode) {
-            table.emplace(key, next);
-            if (next == (1 << width) && width < 12)
-                ++width;
-            ++next;
-        } else {
-            // The table is full: start a fresh one.
-            bits.put(Clear, width);
-            table.clear();
-            next = End + 1;
-            width = MinCodeSize + 1;
-        }
-        prefix = pixels[i];
+        bits.put(End, width);
+        bits.finish();
     }
-    bits.put(prefix, width);
-    bits.put(End, width);
-    bits.finish();
-}
 
-void le16(QByteArray &out, int v)
-{
-    out.append(char(v & 0xFF));
-    out.append(char((v >> 8) & 0xFF));
-}
+    void le16(QByteArray &out, int v)
+    {
+        out.append(char(v & 0xFF));
+        out.append(char((v >> 8) & 0xFF));
+    }
 
 } // namespace
 

@@ -4,7 +4,8 @@
 #include <QImage>
 #include <QString>
 
-namespace gifwriter {
+namespace gifwriter
+{
 // Writes the image with a fixed 6x7x6 colour cube palette; returns false when the file cannot be written.
 bool write(const QImage &image, const QString &path);
 } // namespace gifwriter

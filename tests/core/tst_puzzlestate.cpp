@@ -51,7 +51,8 @@ private slots:
         const struct {
             float x, y;
             int pos;
-        } points[] = {{0, 0, 0}, {49, 39, 0}, {50, 0, 1}, {199, 159, 15}, {100, 40, 6}, {49.6f, 0, 0}, {99.6f, 0, 2}};
+        } points[] = { { 0, 0, 0 }, { 49, 39, 0 }, { 50, 0, 1 }, { 199, 159, 15 }, { 100, 40, 6 },
+            { 49.6f, 0, 0 }, { 99.6f, 0, 2 } };
         for (const auto &p : points) {
             s.FindPos(p.x, p.y);
             QCOMPARE(int(s.CurPos), p.pos);
@@ -99,9 +100,9 @@ private slots:
         QVERIFY(s.allows(Command::SaveGame) && s.allows(Command::FullImage) && s.allows(Command::Hint));
         QVERIFY(s.allows(Command::BoardPress));
         s.HintMode = true;
-        for (Command c : {Command::NewPicture, Command::Library, Command::Minimise, Command::LoadGame,
-                          Command::Resize, Command::Type, Command::Grid, Command::Scramble, Command::SaveGame,
-                          Command::FullImage})
+        for (Command c :
+            { Command::NewPicture, Command::Library, Command::Minimise, Command::LoadGame, Command::Resize,
+                Command::Type, Command::Grid, Command::Scramble, Command::SaveGame, Command::FullImage })
             QVERIFY(!s.allows(c));
         QVERIFY(s.allows(Command::Hint) && s.allows(Command::HelpDocument) && s.allows(Command::Exit));
         QVERIFY(s.allows(Command::BoardPress)); // presses go to the hint while it is armed

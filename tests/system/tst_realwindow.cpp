@@ -10,7 +10,8 @@
 #include <QTemporaryDir>
 #include <QTest>
 
-namespace {
+namespace
+{
 QString xdotool(const QStringList &args)
 {
     QProcess p;
@@ -41,8 +42,8 @@ class RealWindowTest : public QObject
     }
     void click(int x, int y)
     {
-        xdotool({"mousemove", QString::number(m_client.x() + x), QString::number(m_client.y() + y)});
-        xdotool({"click", "1"});
+        xdotool({ "mousemove", QString::number(m_client.x() + x), QString::number(m_client.y() + y) });
+        xdotool({ "click", "1" });
     }
     // A command button's centre: the command bar's left is 224; buttons stand at their design lefts.
     void command(int left)
@@ -62,17 +63,20 @@ class RealWindowTest : public QObject
     bool blankTile(const QImage &img, QPoint board, QSize t, int place, int n)
     {
         const QList<QRgb> px = tile(img, board, t, place, n);
-        return std::all_of(px.begin(), px.end(), [](QRgb c) { return c == (qRgb(255, 192, 192) & 0xFFFFFF); });
+        return std::all_of(
+            px.begin(), px.end(), [](QRgb c) { return c == (qRgb(255, 192, 192) & 0xFFFFFF); });
     }
     void drag(QPoint from, QPoint to)
     {
-        xdotool({"mousemove", QString::number(m_client.x() + from.x()), QString::number(m_client.y() + from.y())});
-        xdotool({"mousedown", "1"});
+        xdotool({ "mousemove", QString::number(m_client.x() + from.x()),
+            QString::number(m_client.y() + from.y()) });
+        xdotool({ "mousedown", "1" });
         for (int i = 1; i <= 8; ++i) {
             const QPoint p = from + (to - from) * i / 8;
-            xdotool({"mousemove", QString::number(m_client.x() + p.x()), QString::number(m_client.y() + p.y())});
+            xdotool({ "mousemove", QString::number(m_client.x() + p.x()),
+                QString::number(m_client.y() + p.y()) });
         }
-        xdotool({"mouseup", "1"});
+        xdotool({ "mouseup", "1" });
         QTest::qWait(200);
     }
 
@@ -81,29 +85,31 @@ private slots:
     void initTestCase()
     {
         QVERIFY(QFile::copy(QStringLiteral(VARNO_EXE), m_home.filePath("varno")));
-        QFile::setPermissions(m_home.filePath("varno"), QFile::ExeOwner | QFile::ReadOwner | QFile::WriteOwner);
+        QFile::setPermissions(
+            m_home.filePath("varno"), QFile::ExeOwner | QFile::ReadOwner | QFile::WriteOwner);
         m_game.setProgram(m_home.filePath("varno"));
         m_game.start();
         QVERIFY(m_game.waitForStarted());
         QTRY_VERIFY_WITH_TIMEOUT(
-            !(m_window = xdotool({"search", "--onlyvisible", "--class", "varno"}).section('\n', 0, 0)).isEmpty(),
+            !(m_window = xdotool({ "search", "--onlyvisible", "--class", "varno" }).section('\n', 0, 0))
+                 .isEmpty(),
             15000);
     }
 
     // The window: 806 x 606, centred on the 1280 x 1024 screen, with the empty board in its frames.
     void windowShowsEmptyBoard()
     {
-        const QString geo = xdotool({"getwindowgeometry", "--shell", m_window});
+        const QString geo = xdotool({ "getwindowgeometry", "--shell", m_window });
         QVERIFY2(geo.contains("WIDTH=806") && geo.contains("HEIGHT=606"), qPrintable(geo));
         QVERIFY2(geo.contains("X=237") && geo.contains("Y=209"), qPrintable(geo));
         m_client = QPoint(240, 212);
         const QImage img = shot("start");
-        QCOMPARE(at(img, 138, 101), qRgb(128, 64, 64) & 0xFFFFFF);  // outer frame
+        QCOMPARE(at(img, 138, 101), qRgb(128, 64, 64) & 0xFFFFFF); // outer frame
         QCOMPARE(at(img, 141, 104), qRgb(192, 122, 133) & 0xFFFFFF); // middle frame
-        QCOMPARE(at(img, 145, 108), qRgb(128, 64, 64) & 0xFFFFFF);  // inner frame
+        QCOMPARE(at(img, 145, 108), qRgb(128, 64, 64) & 0xFFFFFF); // inner frame
         QCOMPARE(at(img, 146, 109), qRgb(255, 192, 192) & 0xFFFFFF); // board
         QCOMPARE(at(img, 662, 499), qRgb(255, 192, 192) & 0xFFFFFF); // board's last pixel
-        QCOMPARE(at(img, 20, 300), 0u);                             // black window
+        QCOMPARE(at(img, 20, 300), 0u); // black window
         QVERIFY(QFileInfo(m_home.filePath("lib")).isDir());
     }
 
@@ -113,11 +119,11 @@ private slots:
         const QString path = m_home.filePath("photo.jpg");
         QVERIFY(picturegen::pattern(QSize(1024, 768), 4).save(path, "JPEG", 95));
         command(0);
-        QTRY_VERIFY_WITH_TIMEOUT(!xdotool({"search", "--onlyvisible", "--name", "Open|Graphic|Files"}).isEmpty(),
-                                 10000);
+        QTRY_VERIFY_WITH_TIMEOUT(
+            !xdotool({ "search", "--onlyvisible", "--name", "Open|Graphic|Files" }).isEmpty(), 10000);
         QTest::qWait(300);
-        xdotool({"type", "--delay", "10", path});
-        xdotool({"key", "Return"});
+        xdotool({ "type", "--delay", "10", path });
+        xdotool({ "key", "Return" });
         QTest::qWait(1500); // the picture loads and the frame grows for about half a second
         const QImage img = shot("opened");
         QCOMPARE(at(img, 140, 103), qRgb(255, 0, 0) & 0xFFFFFF); // the red frame's top-left corner
@@ -128,9 +134,9 @@ private slots:
         for (int y = 20; y < 380; y += 40)
             for (int x = 20; x < 500; x += 40) {
                 const QRgb a = at(img, 146 + x, 109 + y), b = expected.pixel(x, y);
-                close += std::abs(qRed(a) - qRed(b)) + std::abs(qGreen(a) - qGreen(b)) +
-                             std::abs(qBlue(a) - qBlue(b)) <
-                         40;
+                close += std::abs(qRed(a) - qRed(b)) + std::abs(qGreen(a) - qGreen(b))
+                        + std::abs(qBlue(a) - qBlue(b))
+                    < 40;
             }
         QVERIFY2(close > 100, qPrintable(QString::number(close)));
     }
@@ -163,10 +169,10 @@ private slots:
     void dragPiecesInDragPuzzle()
     {
         command(110);
-        QTRY_VERIFY_WITH_TIMEOUT(!xdotool({"search", "--onlyvisible", "--name", "Change Puzzle Type"}).isEmpty(),
-                                 10000);
+        QTRY_VERIFY_WITH_TIMEOUT(
+            !xdotool({ "search", "--onlyvisible", "--name", "Change Puzzle Type" }).isEmpty(), 10000);
         QTest::qWait(300);
-        xdotool({"key", "Return"}); // Yes is the default answer
+        xdotool({ "key", "Return" }); // Yes is the default answer
         QTest::qWait(1500);
         command(192);
         QTest::qWait(500);

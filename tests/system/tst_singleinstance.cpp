@@ -10,7 +10,8 @@ class SingleInstanceTest : public QObject
 private slots:
     void secondStartEndsSilently()
     {
-        const QString lock = QDir(QDir::tempPath()).filePath("varno-" + qEnvironmentVariable("USER") + ".lock");
+        const QString lock
+            = QDir(QDir::tempPath()).filePath("varno-" + qEnvironmentVariable("USER") + ".lock");
         QFile::remove(lock);
         QProcess first;
         first.start(QStringLiteral(VARNO_EXE), {});

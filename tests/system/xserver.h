@@ -13,13 +13,13 @@ public:
     bool start(const QString &screen = QStringLiteral("1280x1024x24"))
     {
         for (int n = 90; n < 140; ++n) {
-            if (QFile::exists(QStringLiteral("/tmp/.X%1-lock").arg(n)) ||
-                QFile::exists(QStringLiteral("/tmp/.X11-unix/X%1").arg(n)))
+            if (QFile::exists(QStringLiteral("/tmp/.X%1-lock").arg(n))
+                || QFile::exists(QStringLiteral("/tmp/.X11-unix/X%1").arg(n)))
                 continue;
             m_display = QStringLiteral(":%1").arg(n);
             m_proc.start(QStringLiteral("Xvfb"),
-                         {m_display, QStringLiteral("-screen"), QStringLiteral("0"), screen,
-                          QStringLiteral("-nolisten"), QStringLiteral("tcp")});
+                { m_display, QStringLiteral("-screen"), QStringLiteral("0"), screen,
+                    QStringLiteral("-nolisten"), QStringLiteral("tcp") });
             if (!m_proc.waitForStarted(5000))
                 return false;
             for (int i = 0; i < 100; ++i) {

@@ -52,7 +52,7 @@ private slots:
         QCOMPARE(w->lbllogo->pos(), QPoint(622, 0));
         QCOMPARE(w->imglogo->pos(), QPoint(1, 0));
         QCOMPARE(w->lblmsg->pos(), QPoint(223, -1));
-        const int lefts[] = {138, 227, 316, 405, 494, 583};
+        const int lefts[] = { 138, 227, 316, 405, 494, 583 };
         for (int i = 0; i < 6; ++i) {
             QCOMPARE(geo(w->vxpcs[i]), QRect(lefts[i], 523, 86, 65));
             QVERIFY(!w->vxpcs[i]->isVisible()); // type "S" leaves the tray hidden
@@ -107,7 +107,7 @@ private slots:
     void layoutIsIdempotent()
     {
         auto w = window();
-        for (const QString &type : {Codes::Slide, Codes::Drag}) {
+        for (const QString &type : { Codes::Slide, Codes::Drag }) {
             w->state().PuzType = type;
             w->state().setGridSize(5);
             w->vxrz->setBoxSize(300, 390);
@@ -140,11 +140,10 @@ private slots:
     {
         auto w = window();
         const QList<FaceButton *> buttons = w->fr_cmd->findChildren<FaceButton *>();
-        const QStringList tips = {"Open Image",         "Image Library",      "Open Saved Game",  "Save Current Game",
-                                  "Change Game Type",   "Set Grid Color",     "Set Number of Tiles",
-                                  "Scramble Tyles",     "Display Full Image", "Find Tile Position", "View Help",
-                                  "Minimize Game",      "Exit Game"};
-        const int lefts[] = {0, 27, 55, 82, 110, 137, 164, 192, 219, 247, 274, 301, 329};
+        const QStringList tips = { "Open Image", "Image Library", "Open Saved Game", "Save Current Game",
+            "Change Game Type", "Set Grid Color", "Set Number of Tiles", "Scramble Tyles",
+            "Display Full Image", "Find Tile Position", "View Help", "Minimize Game", "Exit Game" };
+        const int lefts[] = { 0, 27, 55, 82, 110, 137, 164, 192, 219, 247, 274, 301, 329 };
         QCOMPARE(buttons.size(), 13);
         for (int i = 0; i < 13; ++i) {
             QCOMPARE(buttons[i]->toolTip(), tips[i]);

@@ -33,11 +33,11 @@ private slots:
         QVERIFY(s.PicFile.isEmpty());
         QCOMPARE(s.PzlFile, dir.path() + "/varno.pzl");
         QCOMPARE(s.LibPath, dir.path() + "/lib");
-        for (QWidget *hidden : std::initializer_list<QWidget *>{w.vxrz_s, w.vxblank, w.vxdrag, w.hlpdoc, w.lblmsg,
-                                                                 w.vxfr_t, w.vxfr_b, w.vxfr_l, w.vxfr_r})
+        for (QWidget *hidden : std::initializer_list<QWidget *> {
+                 w.vxrz_s, w.vxblank, w.vxdrag, w.hlpdoc, w.lblmsg, w.vxfr_t, w.vxfr_b, w.vxfr_l, w.vxfr_r })
             QVERIFY(!hidden->isVisible());
-        for (QWidget *shown : std::initializer_list<QWidget *>{w.vxrz, w.fr_cmd, w.lbllogo, w.imglogo,
-                                                                w.vxframe_main})
+        for (QWidget *shown :
+            std::initializer_list<QWidget *> { w.vxrz, w.fr_cmd, w.lbllogo, w.imglogo, w.vxframe_main })
             QVERIFY(shown->isVisible());
         // The empty board is its plain background.
         QCOMPARE(w.vxrz->image().pixel(200, 200), qRgb(255, 192, 192));
