@@ -6,7 +6,8 @@
 #include <QPushButton>
 #include <QRadioButton>
 
-namespace {
+namespace
+{
 int px(int twips)
 {
     return int(vb::roundHalfEven(twips / 15.0));
@@ -17,16 +18,22 @@ struct OptionDesign {
     int left, top, width, height;
 };
 const OptionDesign Options[10] = {
-    {" 2 * 2", 900, 375, 975, 300},     {" 3 * 3", 900, 690, 975, 300},     {" 4 * 4", 900, 1005, 975, 300},
-    {" 5 * 5", 900, 1320, 975, 300},    {" 6 * 6", 900, 1635, 975, 300},    {" 7 * 7", 2595, 375, 975, 300},
-    {" 8 * 8", 2595, 690, 975, 300},    {" 9 * 9", 2595, 1005, 975, 300},   {" 10 * 10", 2595, 1320, 1275, 300},
-    {" 11 * 11", 2595, 1635, 1395, 360},
+    { " 2 * 2", 900, 375, 975, 300 },
+    { " 3 * 3", 900, 690, 975, 300 },
+    { " 4 * 4", 900, 1005, 975, 300 },
+    { " 5 * 5", 900, 1320, 975, 300 },
+    { " 6 * 6", 900, 1635, 975, 300 },
+    { " 7 * 7", 2595, 375, 975, 300 },
+    { " 8 * 8", 2595, 690, 975, 300 },
+    { " 9 * 9", 2595, 1005, 975, 300 },
+    { " 10 * 10", 2595, 1320, 1275, 300 },
+    { " 11 * 11", 2595, 1635, 1395, 360 },
 };
 } // namespace
 
 rzfrm::rzfrm(Integer &GridN, QWidget *parent)
-    : QDialog(parent, Qt::Dialog | Qt::MSWindowsFixedSizeDialogHint | Qt::WindowTitleHint |
-                          Qt::WindowCloseButtonHint)
+    : QDialog(parent,
+        Qt::Dialog | Qt::MSWindowsFixedSizeDialogHint | Qt::WindowTitleHint | Qt::WindowCloseButtonHint)
     , m_gridN(GridN)
 {
     setWindowTitle(QStringLiteral("Puzzle Size"));

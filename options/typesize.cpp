@@ -9,10 +9,11 @@ void vxmain::cb_type_Click()
     PuzzleState &s = m_state;
     if (!s.allows(Command::Type))
         return;
-    if (s.InPlay &&
-        m_platform.messages.show(QStringLiteral("Changing the Puzzle Type will Clear the Current Puzzle\n"
-                                                "Do You Wish to Change Type"),
-                                 QStringLiteral("Change Puzzle Type"), MsgStyle::YesNoQuestion) == MsgAnswer::No)
+    if (s.InPlay
+        && m_platform.messages.show(QStringLiteral("Changing the Puzzle Type will Clear the Current Puzzle\n"
+                                                   "Do You Wish to Change Type"),
+               QStringLiteral("Change Puzzle Type"), MsgStyle::YesNoQuestion)
+            == MsgAnswer::No)
         return;
     if (cb_type->Tag == Codes::Drag) {
         cb_type->setFace(faceResource(QStringLiteral("cb_type_s")));

@@ -3,10 +3,11 @@
 #include "app/vxmain.h"
 #include "platform/shapes.h"
 
-namespace {
+namespace
+{
 const QString Filter = QStringLiteral("Graphic Files(*.jpg;*.gif;*.bmp)|*.jpg;*.gif;*.bmp");
-constexpr int Flags = OpenFlags::HideReadOnly | OpenFlags::ExtensionDifferent | OpenFlags::PathMustExist |
-                      OpenFlags::FileMustExist;
+constexpr int Flags = OpenFlags::HideReadOnly | OpenFlags::ExtensionDifferent | OpenFlags::PathMustExist
+    | OpenFlags::FileMustExist;
 } // namespace
 
 void vxmain::PickImageFile()
@@ -19,14 +20,14 @@ void vxmain::PickImageFile()
             return;
         // Pictures already in the library are picked from the library window instead.
         if (choice->fileName.left(s.LibPath.length()) == s.LibPath) {
-            m_platform.messages.show(QStringLiteral("This Picture is Already in the Library"), QStringLiteral("Open"),
-                                     MsgStyle::Information);
+            m_platform.messages.show(QStringLiteral("This Picture is Already in the Library"),
+                QStringLiteral("Open"), MsgStyle::Information);
             continue;
         }
         const QString ext = choice->fileTitle.right(4);
         if (ext != QLatin1String(".bmp") && ext != QLatin1String(".gif") && ext != QLatin1String(".jpg")) {
             m_platform.messages.show(QStringLiteral("File Extension Must Be jpg, gif, or bmp"),
-                                     QStringLiteral("Open - ERROR"), MsgStyle::OkOnly);
+                QStringLiteral("Open - ERROR"), MsgStyle::OkOnly);
             continue;
         }
         s.OpenFile = choice->fileName;

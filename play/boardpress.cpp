@@ -18,7 +18,7 @@ void vxmain::Scramble()
     PuzzleState &s = m_state;
     m_platform.pointers.set(PointerShape::Hourglass);
     vxrz->clearPicture();
-    for (ShapeBox *bar : {vxfr_t, vxfr_b, vxfr_l, vxfr_r})
+    for (ShapeBox *bar : { vxfr_t, vxfr_b, vxfr_l, vxfr_r })
         bar->hide();
     // The walk lets the window repaint, but input waits until the tables are whole again.
     m_scrambling = true;

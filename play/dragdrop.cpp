@@ -123,7 +123,7 @@ void vxmain::dropOnBoard(const QPoint &point, int S)
             bitBlt(*vxpcs[S], 0, 0, s.TileW + 1, s.TileH + 1, *vxrz_s, target.SrcX, target.SrcY);
         outlineTrayBox(S);
         vxpcs[S]->repaint();
-        exchangeHolders(s, {Holder::Tray, S}, {Holder::Board, T});
+        exchangeHolders(s, { Holder::Tray, S }, { Holder::Board, T });
     } else {
         bitBlt(*vxrz, s.PosX, s.PosY, s.TileW + 1, s.TileH + 1, *vxrz_s, s.Board[S].SrcX, s.Board[S].SrcY);
         // The piece that stood on T goes to the place the dragged one came from; an empty T leaves
@@ -132,7 +132,7 @@ void vxmain::dropOnBoard(const QPoint &point, int S)
             s.Find_XY(Integer(S));
             bitBlt(*vxrz, s.PosX, s.PosY, s.TileW + 1, s.TileH + 1, *vxrz_s, target.SrcX, target.SrcY);
         }
-        exchangeHolders(s, {Holder::Board, S}, {Holder::Board, T});
+        exchangeHolders(s, { Holder::Board, S }, { Holder::Board, T });
     }
     DrawLines();
 }
@@ -143,13 +143,13 @@ void vxmain::dropOnTray(int k, int S)
     if (s.DragFrom == Codes::FromTray) {
         vxpcs[S]->setPicture(vxpcs[k]->image());
         vxpcs[S]->repaint();
-        exchangeHolders(s, {Holder::Tray, S}, {Holder::Tray, k});
+        exchangeHolders(s, { Holder::Tray, S }, { Holder::Tray, k });
     } else {
         if (s.Pcs[k].Home >= 0) {
             s.Find_XY(Integer(S));
             bitBlt(*vxrz, s.PosX, s.PosY, s.TileW + 1, s.TileH + 1, *vxrz_s, s.Pcs[k].SrcX, s.Pcs[k].SrcY);
         }
-        exchangeHolders(s, {Holder::Board, S}, {Holder::Tray, k});
+        exchangeHolders(s, { Holder::Board, S }, { Holder::Tray, k });
         DrawLines();
     }
     bitBlt(*vxpcs[k], 0, 0, s.TileW + 1, s.TileH + 1, *vxdrag, 0, 0);

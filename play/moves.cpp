@@ -34,7 +34,7 @@ Integer blankBeside(PuzzleState &s, Integer P)
 void slideTile(PuzzleState &s, Integer P, Integer Q)
 {
     s.BlankPos = P;
-    exchangeHolders(s, {Holder::Board, Q}, {Holder::Board, P});
+    exchangeHolders(s, { Holder::Board, Q }, { Holder::Board, P });
 }
 
 TileRec &recordOf(PuzzleState &s, Holder h)
@@ -59,8 +59,8 @@ DropTarget findDropTarget(QPointF pointer, const QRect &board, std::span<const Q
     t.point = QPoint(int(vb::roundHalfEven(pointer.x() - 4)), int(vb::roundHalfEven(pointer.y() - 4)));
     // Half-open ranges: the first pixel outside a box is outside it.
     auto inside = [&](const QRect &r) {
-        return r.x() <= t.point.x() && t.point.x() < r.x() + r.width() && r.y() <= t.point.y() &&
-               t.point.y() < r.y() + r.height();
+        return r.x() <= t.point.x() && t.point.x() < r.x() + r.width() && r.y() <= t.point.y()
+            && t.point.y() < r.y() + r.height();
     };
     if (inside(board)) {
         t.kind = DropTarget::Board;

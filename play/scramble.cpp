@@ -1,7 +1,8 @@
 // The scramble of the tile tables; the window draws the result.
 #include "play/scramble.h"
 
-namespace {
+namespace
+{
 enum Direction { Up = 1, Down = 2, Left = 3, Right = 4 };
 
 int opposite(int d)
@@ -23,7 +24,8 @@ int walkSteps(PuzzleState &s, RandomSource &random, const std::function<void()> 
     int forbidden = -1;
     for (int step = 0; step <= M; ++step) {
         s.GetCRfromPos(s.BlankPos);
-        const bool possible[5] = {false, s.PosRow > 0, s.PosRow < s.GridN - 1, s.PosCol > 0, s.PosCol < s.GridN - 1};
+        const bool possible[5]
+            = { false, s.PosRow > 0, s.PosRow<s.GridN - 1, s.PosCol> 0, s.PosCol < s.GridN - 1 };
         int d;
         do
             d = std::min(int(random.next() * 4 + 1), 4);
@@ -66,10 +68,10 @@ void deal(PuzzleState &s, RandomSource &random, std::vector<bool> &dealt)
 WalkRange walkRange(int gridN)
 {
     if (gridN < 4)
-        return {10, 34};
+        return { 10, 34 };
     if (gridN <= 6)
-        return {60, 144};
-    return {140, 304};
+        return { 60, 144 };
+    return { 140, 304 };
 }
 
 ScrambleReport scrambleTables(PuzzleState &s, RandomSource &random, const std::function<void()> &pumpEvents)

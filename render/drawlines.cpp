@@ -27,7 +27,7 @@ void vxmain::DrawLines()
                 s.Find_XY(p + 1);
                 const bool fits = tile && next && C1 == C2 - 1 && R1 == R2;
                 vxrz->drawLine(s.PosX, s.PosY, s.PosX, s.PosY + s.TileH, color,
-                               fits ? LineStyle::Dotted : LineStyle::Solid);
+                    fits ? LineStyle::Dotted : LineStyle::Solid);
             } else {
                 s.Find_XY(p);
                 vxrz->drawLine(s.PosX + s.TileW, s.PosY, s.PosX + s.TileW, s.PosY + s.TileH, color);
@@ -37,7 +37,7 @@ void vxmain::DrawLines()
                 s.Find_XY(p + N);
                 const bool fits = tile && below && R1 == R2 - 1 && C1 == C2;
                 vxrz->drawLine(s.PosX, s.PosY, s.PosX + s.TileW, s.PosY, color,
-                               fits ? LineStyle::Dotted : LineStyle::Solid);
+                    fits ? LineStyle::Dotted : LineStyle::Solid);
             } else {
                 s.Find_XY(p);
                 vxrz->drawLine(s.PosX, s.PosY + s.TileH, s.PosX + s.TileW, s.PosY + s.TileH, color);

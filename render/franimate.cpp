@@ -3,7 +3,8 @@
 #include "platform/picturebox.h"
 #include "platform/shapes.h"
 
-namespace {
+namespace
+{
 // The whole ring takes about this long on any machine: the growth is seen, and never drags.
 constexpr qint64 RingUs = 500'000;
 
@@ -50,7 +51,8 @@ void vxmain::FrAnimate()
     vxfr_b->move(L + W - 5, T + H - 5);
     vxfr_l->move(L, T + H - 4);
 
-    const int nTop = vb::CLng(w + 11), nRight = vb::CLng(h + 7), nBottom = vb::CLng(w + 8), nLeft = vb::CLng(h + 8);
+    const int nTop = vb::CLng(w + 11), nRight = vb::CLng(h + 7), nBottom = vb::CLng(w + 8),
+              nLeft = vb::CLng(h + 8);
     Pacer pacer(m_platform.events, nTop + nRight + nBottom + nLeft);
     // Each step repaints only the new one-pixel slice, at once: the whole window would be far slower.
     vxfr_t->show();

@@ -10,7 +10,8 @@
 #include <QSaveFile>
 #include <functional>
 
-namespace {
+namespace
+{
 const QString OpenError = QStringLiteral("Open - ERROR");
 const QString LibPrefix = QStringLiteral("VX_");
 
