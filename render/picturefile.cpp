@@ -59,6 +59,87 @@ namespace
         return f.size() >= u32(10) + (rowBits + 31) / 32 * 4 * (height - 1) + (rowBits + 7) / 8;
     }
 
+    // An uncompressed 24-bit (or plain 32-bit) BMP much larger than the board is area-averaged into the
+    // board size while its rows are read, so it is never held whole at 32 bits per pixel. A null image
+    // means this file is left to the decoder.
+    QImage bmpReduced(const QString &path, QSize target)
+    {
+        QFile f(path);
+        if (!f.open(QIODevice::ReadOnly) || f.size() < 54)
+            return {};
+        const qint64 fileSize = f.size();
+        const uchar *data = f.map(0, fileSize);
+        if (!data)
+            return {};
+        const auto u16 = [&](int at) { return qFromLittleEndian<quint16>(data + at); };
+        const auto u32 = [&](int at) { return qFromLittleEndian<quint32>(data + at); };
+        const qint32 rawHeight = qint32(u32(22));
+        const qint64 w = qint32(u32(18)), h = qAbs(qint64(rawHeight)), offset = u32(10);
+        const int bpp = u16(28) / 8; // bytes per pixel
+        const qint64 tw = target.width(), th = target.height();
+        if (data[0] != 'B' || data[1] != 'M' || u32(14) < 40 || u16(26) != 1 || u32(30) != 0
+            || (bpp != 3 && (bpp != 4 || u32(14) != 40)) || tw < 1 || th < 1 || w < 2 * tw || h < 2 * th)
+            return {};
+        const qint64 stride = (w * bpp + 3) / 4 * 4;
+        if (fileSize < offset + stride * (h - 1) + w * bpp)
+            return {};
+
+        // Measured in 1/tw of a file pixel, file pixel x spans [x * tw, (x + 1) * tw) and board column tx
+        // spans [tx * w, (tx + 1) * w): the weight of a pixel in a column is their overlap. Rows likewise.
+        struct Span {
+            qint64 first, last; // the pixels the column touches; those between weigh tw
+            quint64 firstWeight, lastWeight;
+        };
+        std::vector<Span> cols(tw);
+        for (qint64 tx = 0; tx < tw; ++tx) {
+            const qint64 start = tx * w, end = (tx + 1) * w, first = start / tw, last = (end - 1) / tw;
+            cols[tx] = { first, last, quint64((first + 1) * tw - start), quint64(end - last * tw) };
+        }
+        QImage out(target, QImage::Format_RGB32);
+        const quint64 area = quint64(w) * quint64(h);
+        std::vector<quint64> rowSum(3 * tw), acc(3 * tw), next(3 * tw);
+        const auto emitRow = [&](qint64 ty) {
+            auto *line = reinterpret_cast<QRgb *>(out.scanLine(int(ty)));
+            for (qint64 tx = 0; tx < tw; ++tx)
+                line[tx] = qRgb(int((acc[3 * tx + 2] + area / 2) / area),
+                    int((acc[3 * tx + 1] + area / 2) / area), int((acc[3 * tx] + area / 2) / area));
+        };
+        qint64 current = 0;
+        for (qint64 y = 0; y < h; ++y) {
+            const qint64 ty = y * th / h;
+            if (ty > current) {
+                emitRow(current);
+                std::swap(acc, next);
+                std::fill(next.begin(), next.end(), 0);
+                current = ty;
+            }
+            const uchar *row
+                = data + offset + (rawHeight > 0 ? h - 1 - y : y) * stride; // bottom-up when positive
+            for (qint64 tx = 0; tx < tw; ++tx) {
+                const Span &c = cols[tx];
+                quint64 b = 0, g = 0, r = 0;
+                for (const uchar *px = row + (c.first + 1) * bpp, *end = row + c.last * bpp; px < end;
+                     px += bpp) {
+                    b += px[0];
+                    g += px[1];
+                    r += px[2];
+                }
+                const uchar *first = row + c.first * bpp, *last = row + c.last * bpp;
+                rowSum[3 * tx] = b * tw + first[0] * c.firstWeight + last[0] * c.lastWeight;
+                rowSum[3 * tx + 1] = g * tw + first[1] * c.firstWeight + last[1] * c.lastWeight;
+                rowSum[3 * tx + 2] = r * tw + first[2] * c.firstWeight + last[2] * c.lastWeight;
+            }
+            // The row's share of board row ty, and the rest of it in the next board row.
+            const quint64 here = quint64(std::min((y + 1) * th, (ty + 1) * h) - y * th), there = th - here;
+            for (qint64 i = 0; i < 3 * tw; ++i) {
+                acc[i] += here * rowSum[i];
+                next[i] += there * rowSum[i];
+            }
+        }
+        emitRow(current);
+        return out;
+    }
+
     QString readerError(const QImageReader &reader, const QString &path)
     {
         const QString name = QFileInfo(path).fileName();
@@ -109,6 +190,8 @@ Header probe(const QString &path)
     if (!reader.canRead())
         return { {}, readerError(reader, path) };
     QSize size = reader.size();
+    if (reader.format() == "bmp") // Qt gives a top-down BMP (rows stored from the top) a negative height
+        size.setHeight(qAbs(size.height()));
     if (!size.isValid() || size.isEmpty())
         return { {}, QStringLiteral("The picture file %1 is damaged and cannot be read.").arg(name) };
     if (qint64(size.width()) * size.height() > MaxPixels)
@@ -131,6 +214,9 @@ QImage decodeScaled(const QString &path, QSize target, QString *error)
 {
     QImageReader reader(path);
     prepare(reader);
+    if (reader.format() == "bmp")
+        if (QImage img = bmpReduced(path, target); !img.isNull())
+            return img;
     // The scaled size is in the file's own orientation; the reader turns the picture afterwards.
     QSize fileTarget = target;
     if (swapsSides(reader.transformation()))

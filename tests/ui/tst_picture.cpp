@@ -15,6 +15,7 @@
 #include <QRegion>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QtEndian>
 
 namespace
 {
@@ -67,6 +68,29 @@ QByteArray bmpHeader(qint32 w, qint32 h)
     ds << quint32(54 + 3 * qint64(w) * h) << quint32(0) << quint32(54);
     ds << quint32(40) << w << h << quint16(1) << quint16(24) << quint32(0) << quint32(0) << qint32(2835)
        << qint32(2835) << quint32(0) << quint32(0);
+    return out;
+}
+
+// A whole uncompressed BMP of img, 24 or 32 bits per pixel, rows stored bottom-up or top-down.
+QByteArray bmpFile(const QImage &img, int bits, bool topDown)
+{
+    const qint32 w = img.width(), h = img.height();
+    const int stride = (w * bits / 8 + 3) / 4 * 4;
+    QByteArray out = bmpHeader(w, topDown ? -h : h);
+    out[28] = char(bits);
+    for (int i = 0; i < h; ++i) {
+        QByteArray row(stride, '\0');
+        const int y = topDown ? i : h - 1 - i;
+        for (int x = 0; x < w; ++x) {
+            const QRgb c = img.pixel(x, y);
+            char *px = row.data() + x * bits / 8;
+            px[0] = char(qBlue(c));
+            px[1] = char(qGreen(c));
+            px[2] = char(qRed(c));
+        }
+        out += row;
+    }
+    qToLittleEndian<quint32>(quint32(out.size()), out.data() + 2);
     return out;
 }
 
@@ -213,6 +237,39 @@ private slots:
                                .arg(p.at.x())
                                .arg(p.at.y())
                                .arg(src.pixel(p.at), 8, 16, QLatin1Char('0'))));
+    }
+
+    // A BMP far larger than the board is averaged into the board while it is read; the result must match
+    // a smooth scale of the decoded picture, whatever the row order and pixel width.
+    void largeBmpLooksLikeSmoothScale_data()
+    {
+        QTest::addColumn<int>("bits");
+        QTest::addColumn<bool>("topDown");
+        QTest::newRow("24 bits, bottom-up") << 24 << false;
+        QTest::newRow("24 bits, top-down") << 24 << true;
+        QTest::newRow("32 bits, bottom-up") << 32 << false;
+    }
+    void largeBmpLooksLikeSmoothScale()
+    {
+        QFETCH(int, bits);
+        QFETCH(bool, topDown);
+        Game g;
+        const QImage picture = picturegen::scene({ 1601, 1203 }, 5);
+        const QString path = g.file("big.bmp", bmpFile(picture, bits, topDown));
+        QVERIFY2(g.load(path), qPrintable(g.tp.messages.asked.value(0).text));
+        const QImage &src = g.w.vxrz_s->image();
+        const QImage smooth
+            = QImage(path).scaled(src.size(), Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+        qint64 difference = 0;
+        for (int y = 0; y < src.height(); ++y)
+            for (int x = 0; x < src.width(); ++x) {
+                const QRgb a = src.pixel(x, y), b = smooth.pixel(x, y);
+                difference
+                    += qAbs(qRed(a) - qRed(b)) + qAbs(qGreen(a) - qGreen(b)) + qAbs(qBlue(a) - qBlue(b));
+            }
+        QVERIFY2(difference < 3 * 3 * qint64(src.width()) * src.height(),
+            qPrintable(
+                QStringLiteral("mean difference %1").arg(double(difference) / src.width() / src.height())));
     }
 
     // A JPEG turned by its EXIF orientation is fitted and shown upright.
