@@ -1,0 +1,98 @@
+// One shown game window with its scripted platform and a program folder of its own, and the ways the
+// widget tests look at what it shows.
+#pragma once
+
+#include "app/vxmain.h"
+#include "doubles.h"
+#include "platform/picturebox.h"
+#include "tools/picturegen.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <QImageWriter>
+#include <QTemporaryDir>
+
+// The colour of the blank image on empty places and tray boxes.
+inline const QRgb BlankColour = qRgb(255, 192, 192);
+
+struct Game {
+    QTemporaryDir dir;
+    TestPlatform tp;
+    vxmain w { tp.platform(), dir.path() };
+
+    Game()
+    {
+        w.show();
+    }
+    PuzzleState &s()
+    {
+        return w.state();
+    }
+    // A file of these bytes beside the program.
+    QString file(const QString &name, const QByteArray &bytes)
+    {
+        const QString path = dir.filePath(name);
+        QFile f(path);
+        if (!f.open(QIODevice::WriteOnly) || f.write(bytes) != bytes.size())
+            qFatal("cannot write %s", qPrintable(path));
+        return path;
+    }
+    // A picture file beside the program, in the format its name ends with.
+    QString picture(const QString &name, const QImage &img)
+    {
+        const QString path = dir.filePath(name);
+        QImageWriter writer(path);
+        writer.setQuality(95);
+        if (!writer.write(img))
+            qFatal("cannot write %s", qPrintable(path));
+        return path;
+    }
+    bool load(const QString &path)
+    {
+        s().PicFile = path;
+        return w.LoadPic(QStringLiteral("Load"));
+    }
+    bool store(const QString &path)
+    {
+        s().OpenFile = path;
+        s().OpenTitle = QFileInfo(path).fileName();
+        return w.LoadPic(QStringLiteral("Lib"));
+    }
+    // A puzzle in play: type and size chosen, a generated picture loaded and scrambled with seed.
+    bool play(const QString &type, Integer n, quint32 seed = 7)
+    {
+        if (s().PuzType != type)
+            w.cb_type_Click();
+        s().setGridSize(n);
+        w.ScrResize();
+        if (!load(picture(QStringLiteral("pic.bmp"), picturegen::scene(QSize(520, 390), seed))))
+            return false;
+        w.setRandomSeed(seed);
+        w.cb_scramble_Click();
+        return s().InPlay;
+    }
+};
+
+// The pixels of place p that the grid never covers.
+inline QRect interior(const PuzzleState &s, int p)
+{
+    return QRect(p % s.GridN * s.TileW + 1, p / s.GridN * s.TileH + 1, s.TileW - 1, s.TileH - 1);
+}
+
+// What a holder shows inside its lines: the piece's part of the whole picture, or the blank image.
+inline QImage expectedInside(const vxmain &w, const TileRec &t, QSize inner)
+{
+    if (t.Home >= 0)
+        return w.vxrz_s->image().copy(QRect(QPoint(t.SrcX + 1, t.SrcY + 1), inner));
+    QImage blank(inner, QImage::Format_RGB32);
+    blank.fill(BlankColour);
+    return blank;
+}
+
+// Place p of the board shows what Board[p] holds.
+inline bool placeShowsRecord(const vxmain &w, int p)
+{
+    const PuzzleState &s = w.state();
+    const QRect r = interior(s, p);
+    return w.vxrz->image().copy(r) == expectedInside(w, s.Board[p], r.size());
+}
