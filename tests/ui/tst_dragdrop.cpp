@@ -1,40 +1,18 @@
 // Type "D" play: lifting a piece from the board or the tray, carrying it, and the drop that exchanges
 // the contents of two holders (board places and tray boxes), up to the drop that solves the puzzle.
-#include "app/vxmain.h"
-#include "doubles.h"
-#include "platform/picturebox.h"
+#include "game.h"
 #include "platform/shapes.h"
-#include "tools/picturegen.h"
 
 #include <QRandomGenerator>
-#include <QTemporaryDir>
 #include <QTest>
 
 namespace
 {
-const QRgb Blank = qRgb(255, 192, 192);
-
-struct Game {
-    TestPlatform tp;
-    QTemporaryDir dir;
-    std::unique_ptr<vxmain> w;
-};
-
 // A scrambled type "D" puzzle of n x n pieces on a generated picture.
 std::unique_ptr<Game> dragGame(Integer n, quint32 seed = 7)
 {
     auto g = std::make_unique<Game>();
-    g->w = std::make_unique<vxmain>(g->tp.platform(), g->dir.path());
-    vxmain &w = *g->w;
-    w.show();
-    w.cb_type_Click();
-    w.state().setGridSize(n);
-    w.state().PicFile = g->dir.filePath(QStringLiteral("pic.bmp"));
-    if (!picturegen::scene(QSize(520, 390), seed).save(w.state().PicFile, "BMP") || !w.LoadPic("Load"))
-        return nullptr;
-    w.setRandomSeed(seed);
-    w.cb_scramble_Click();
-    return g;
+    return g->play(Codes::Drag, n, seed) ? std::move(g) : nullptr;
 }
 
 // Holders are numbered as one list: board places 0 .. TileTotal - 1, then tray slots 0 .. GridN - 1.
@@ -109,13 +87,7 @@ QString drawingMismatch(vxmain &w)
 {
     const PuzzleState &s = w.state();
     const QSize inner(s.TileW - 2, s.TileH - 2);
-    auto expected = [&](const TileRec &t) {
-        if (t.Home >= 0)
-            return w.vxrz_s->image().copy(QRect(QPoint(t.SrcX + 1, t.SrcY + 1), inner));
-        QImage blank(inner, QImage::Format_RGB32);
-        blank.fill(Blank);
-        return blank;
-    };
+    auto expected = [&](const TileRec &t) { return expectedInside(w, t, inner); };
     for (int p = 0; p < s.TileTotal; ++p)
         if (w.vxrz->image().copy(QRect(placeCorner(s, p) + QPoint(1, 1), inner)) != expected(s.Board[p]))
             return QStringLiteral("board place %1 does not show %2").arg(p).arg(describe(s.Board[p]));
@@ -189,28 +161,11 @@ class DragDropTest : public QObject
 
 private slots:
     // A drop exchanges the contents of the two holders, whatever they are; InPlace follows the board.
-    void boardDropOnAnotherPlaceSwapsPieces()
-    {
-        auto g = dragGame(4);
-        QVERIFY(g);
-        const PuzzleState &s = g->w->state();
-        int t = 0;
-        while (s.Board[t].Home == t)
-            ++t;
-        const int a = placeOfHome(s, t);
-        const Tables before = tablesOf(s);
-        move(*g->w, a, t);
-        QCOMPARE(s.InPlace, Integer(before.inPlace + 1 + (before.held[t].Home == a)));
-        VERIFY_NO_MISMATCH(tableMismatch(s, exchanged(s, before, a, t)), QString());
-        VERIFY_NO_MISMATCH(drawingMismatch(*g->w), QString());
-        QCOMPARE(s.DragIdx, Integer(-1));
-    }
-
     void everyKindOfDropExchangesTheTwoHolders()
     {
         auto g = dragGame(4);
         QVERIFY(g);
-        vxmain &w = *g->w;
+        vxmain &w = g->w;
         const PuzzleState &s = w.state();
         const Tables start = tablesOf(s);
         const std::vector<TileRec> &was = start.held;
@@ -252,8 +207,8 @@ private slots:
         QCOMPARE(s.Pcs[3], was[3]);
         for (int p : { 0, 1, 5, 8, 10, 11, 12, 13, 14, 15 })
             QCOMPARE(s.Board[p], was[p]);
-        QCOMPARE(w.vxrz->image().pixel(placeCorner(s, 3) + QPoint(s.TileW / 2, s.TileH / 2)), Blank);
-        QCOMPARE(w.vxpcs[2]->image().pixel(s.TileW / 2, s.TileH / 2), Blank);
+        QCOMPARE(w.vxrz->image().pixel(placeCorner(s, 3) + QPoint(s.TileW / 2, s.TileH / 2)), BlankColour);
+        QCOMPARE(w.vxpcs[2]->image().pixel(s.TileW / 2, s.TileH / 2), BlankColour);
     }
 
     // The target is the point 4 pixels above and left of the pointer, tested half-open against the
@@ -290,7 +245,7 @@ private slots:
         QFETCH(int, target);
         auto g = dragGame(4);
         QVERIFY(g);
-        vxmain &w = *g->w;
+        vxmain &w = g->w;
         const PuzzleState &s = w.state();
         int source = 5;
         if (fromTray) {
@@ -317,7 +272,7 @@ private slots:
     {
         auto g = dragGame(4);
         QVERIFY(g);
-        vxmain &w = *g->w;
+        vxmain &w = g->w;
         const PuzzleState &s = w.state();
         move(w, 5, slot(s, 0));
         const QImage board = w.vxrz->image();
@@ -339,7 +294,7 @@ private slots:
     {
         auto g = dragGame(4);
         QVERIFY(g);
-        vxmain &w = *g->w;
+        vxmain &w = g->w;
         const PuzzleState &s = w.state();
         const Tables before = tablesOf(s);
         w.vxrz_MouseDown(Qt::RightButton, Qt::ShiftModifier, s.TileW + 10, s.TileH + 7); // place 5
@@ -374,7 +329,7 @@ private slots:
     {
         auto g = dragGame(3);
         QVERIFY(g);
-        vxmain &w = *g->w;
+        vxmain &w = g->w;
         const QPoint at = w.vxdrag->pos();
         const QImage board = w.vxrz->image();
         const Tables before = tablesOf(w.state());
@@ -390,7 +345,7 @@ private slots:
     {
         auto g = dragGame(4);
         QVERIFY(g);
-        vxmain &w = *g->w;
+        vxmain &w = g->w;
         const PuzzleState &s = w.state();
         const qint64 slept = g->tp.events.sleptUs;
         const qsizetype pointerChanges = g->tp.pointers.history.size();
@@ -426,7 +381,7 @@ private slots:
         QFETCH(int, n);
         auto g = dragGame(Integer(n), quint32(n));
         QVERIFY(g);
-        vxmain &w = *g->w;
+        vxmain &w = g->w;
         PuzzleState &s = w.state();
         QRandomGenerator rnd(quint32(100 + n));
         const QRect board = w.vxrz->geometry();
@@ -500,7 +455,7 @@ private slots:
         QFETCH(bool, viaTray);
         auto g = dragGame(Integer(n), quint32(n + 40));
         QVERIFY(g);
-        vxmain &w = *g->w;
+        vxmain &w = g->w;
         const PuzzleState &s = w.state();
         const Integer last = Integer(s.TileTotal - 1);
         // Every piece home but two that stand on each other's places.

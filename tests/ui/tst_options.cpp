@@ -1,50 +1,29 @@
 // The game options: the puzzle type switch and the size dialog with what each does to the board.
-#include "app/vxmain.h"
-#include "doubles.h"
+#include "game.h"
 #include "options/rzfrm.h"
 #include "platform/facebutton.h"
-#include "platform/picturebox.h"
 #include "platform/shapes.h"
-#include "tools/picturegen.h"
 
-#include <QFile>
 #include <QPushButton>
 #include <QRadioButton>
-#include <QTemporaryDir>
 #include <QTest>
 
 namespace
 {
-struct Game {
-    TestPlatform tp;
-    QTemporaryDir dir;
-    std::unique_ptr<vxmain> w;
-};
-
-// A fresh window; with a picture it is loaded, and with play a puzzle is scrambled on it.
+// A fresh window of this type and size; with a picture loaded, and with play a puzzle scrambled on it.
 std::unique_ptr<Game> game(const QString &type, Integer n, bool picture, bool play)
 {
     auto g = std::make_unique<Game>();
-    g->w = std::make_unique<vxmain>(g->tp.platform(), g->dir.path());
-    vxmain &w = *g->w;
-    w.show();
-    if (type == Codes::Drag)
-        w.cb_type_Click();
-    w.state().setGridSize(n);
-    w.ScrResize();
-    if (picture) {
-        w.state().PicFile = g->dir.filePath(QStringLiteral("pic.bmp"));
-        if (!picturegen::pattern(QSize(520, 390), 3).save(w.state().PicFile, "BMP") || !w.LoadPic("Load"))
-            return nullptr;
-    }
-    w.setRandomSeed(11);
     if (play)
-        w.cb_scramble_Click();
+        return g->play(type, n, 11) ? std::move(g) : nullptr;
+    if (type == Codes::Drag)
+        g->w.cb_type_Click();
+    g->s().setGridSize(n);
+    g->w.ScrResize();
+    if (picture && !g->load(g->picture(QStringLiteral("pic.bmp"), picturegen::pattern(QSize(520, 390), 3))))
+        return nullptr;
     return g;
 }
-
-const QString TypeQuestion
-    = QStringLiteral("Changing the Puzzle Type will Clear the Current Puzzle\nDo You Wish to Change Type");
 
 bool trayShown(const vxmain &w, int count)
 {
@@ -58,7 +37,7 @@ bool trayShown(const vxmain &w, int count)
 void resizeWith(Game &g, std::function<void(rzfrm &)> script)
 {
     g.tp.modals.script = [script](QDialog &d) { script(static_cast<rzfrm &>(d)); };
-    g.w->cb_resize_Click();
+    g.w.cb_resize_Click();
 }
 
 void pick(rzfrm &d, int n)
@@ -72,91 +51,73 @@ class OptionsTest : public QObject
     Q_OBJECT
 
 private slots:
-    // The type button refuses while the hint is armed, asks before abandoning a puzzle, and keeps
-    // Tag, PuzType, face and tray in step.
-    void typeButtonIgnoredWhileHintArmed()
+    // The type button asks before abandoning a puzzle, refuses while the hint is armed, and keeps Tag,
+    // PuzType, face and tray in step; a switch in play shows the whole picture again.
+    void typeSwitch_data()
     {
-        auto g = game(Codes::Slide, 6, true, true);
-        QVERIFY(g);
-        g->w->cb_help_Click();
-        QVERIFY(g->w->state().HintMode);
-        g->w->cb_type_Click();
-        QCOMPARE(g->w->cb_type->Tag, Codes::Slide);
-        QCOMPARE(g->w->state().PuzType, Codes::Slide);
-        QVERIFY(g->w->cb_type->face().endsWith(QLatin1String("cb_type_s.svg")));
-        QVERIFY(g->tp.messages.asked.isEmpty());
-        QVERIFY(g->w->state().InPlay);
+        QTest::addColumn<QString>("from");
+        QTest::addColumn<int>("n");
+        QTest::addColumn<bool>("play");
+        QTest::addColumn<bool>("hint");
+        QTest::addColumn<int>("answer"); // 0: no question expected
+        QTest::addColumn<bool>("changes");
+        QTest::newRow("hint armed") << Codes::Slide << 6 << true << true << 0 << false;
+        QTest::newRow("in play, No") << Codes::Slide << 6 << true << false << MsgAnswer::No << false;
+        QTest::newRow("in play, Yes, S to D") << Codes::Slide << 4 << true << false << MsgAnswer::Yes << true;
+        QTest::newRow("in play, Yes, D to S") << Codes::Drag << 5 << true << false << MsgAnswer::Yes << true;
+        QTest::newRow("out of play, S to D") << Codes::Slide << 5 << false << false << 0 << true;
     }
-
-    void typeSwitchAnsweredNoChangesNothing()
+    void typeSwitch()
     {
-        auto g = game(Codes::Slide, 6, true, true);
+        QFETCH(QString, from);
+        QFETCH(int, n);
+        QFETCH(bool, play);
+        QFETCH(bool, hint);
+        QFETCH(int, answer);
+        QFETCH(bool, changes);
+        auto g = game(from, Integer(n), play, play);
         QVERIFY(g);
-        vxmain &w = *g->w;
+        vxmain &w = g->w;
+        if (hint)
+            w.cb_help_Click();
         const QImage board = w.vxrz->image();
-        const QRect geometry = w.vxrz->geometry();
-        g->tp.messages.answers = { MsgAnswer::No };
+        g->tp.messages.answers = { answer };
         w.cb_type_Click();
-        QCOMPARE(g->tp.messages.asked.size(), 1);
-        QCOMPARE(g->tp.messages.asked[0].text, TypeQuestion);
-        QCOMPARE(g->tp.messages.asked[0].title, QStringLiteral("Change Puzzle Type"));
-        QCOMPARE(g->tp.messages.asked[0].style, 36);
-        QCOMPARE(w.cb_type->Tag, Codes::Slide);
-        QCOMPARE(w.state().PuzType, Codes::Slide);
-        QVERIFY(w.cb_type->face().endsWith(QLatin1String("cb_type_s.svg")));
-        QVERIFY(trayShown(w, 0));
-        QVERIFY(w.state().InPlay);
-        QCOMPARE(w.vxrz->geometry(), geometry);
-        QCOMPARE(w.vxrz->image(), board);
+        if (answer) {
+            QCOMPARE(g->tp.messages.asked.size(), 1);
+            QCOMPARE(g->tp.messages.asked[0].text,
+                QStringLiteral(
+                    "Changing the Puzzle Type will Clear the Current Puzzle\nDo You Wish to Change Type"));
+            QCOMPARE(g->tp.messages.asked[0].title, QStringLiteral("Change Puzzle Type"));
+            QCOMPARE(g->tp.messages.asked[0].style, 36);
+        } else {
+            QVERIFY(g->tp.messages.asked.isEmpty());
+        }
+        const QString type = changes == (from == Codes::Slide) ? Codes::Drag : Codes::Slide;
+        QCOMPARE(w.cb_type->Tag, type);
+        QCOMPARE(w.state().PuzType, type);
+        QVERIFY(w.cb_type->face().endsWith(type == Codes::Drag ? "cb_type_d.svg" : "cb_type_s.svg"));
+        QVERIFY(trayShown(w, type == Codes::Drag ? n : 0));
+        QCOMPARE(w.state().InPlay, play && !changes);
+        if (play && changes) {
+            QCOMPARE(w.vxrz->image(), w.vxrz_s->image());
+            QVERIFY(w.vxfr_t->isVisible() && w.vxfr_l->isVisible());
+        } else if (play) {
+            QCOMPARE(w.vxrz->image(), board);
+        }
     }
 
-    void typeSwitchAnsweredYesShowsWholePictureAndTray()
-    {
-        auto g = game(Codes::Slide, 4, true, true);
-        QVERIFY(g);
-        vxmain &w = *g->w;
-        g->tp.messages.answers = { MsgAnswer::Yes };
-        w.cb_type_Click();
-        QCOMPARE(g->tp.messages.asked.size(), 1);
-        QCOMPARE(g->tp.messages.asked[0].text, TypeQuestion);
-        QCOMPARE(g->tp.messages.asked[0].title, QStringLiteral("Change Puzzle Type"));
-        QCOMPARE(g->tp.messages.asked[0].style, 36);
-        QCOMPARE(w.cb_type->Tag, Codes::Drag);
-        QCOMPARE(w.state().PuzType, Codes::Drag);
-        QVERIFY(w.cb_type->face().endsWith(QLatin1String("cb_type_d.svg")));
-        QVERIFY(trayShown(w, 4));
-        QVERIFY(!w.state().InPlay);
-        QCOMPARE(w.vxrz->image(), w.vxrz_s->image());
-        QVERIFY(w.vxfr_t->isVisible() && w.vxfr_l->isVisible());
-        // The abandoned puzzle cannot be saved.
-        w.cb_save_Click();
-        QVERIFY(!QFile::exists(w.state().PzlFile));
-
-        // And back to slide, also in play: all eleven boxes go.
-        w.cb_scramble_Click();
-        g->tp.messages.answers = { MsgAnswer::Yes };
-        w.cb_type_Click();
-        QCOMPARE(w.cb_type->Tag, Codes::Slide);
-        QVERIFY(trayShown(w, 0));
-        QVERIFY(!w.state().InPlay);
-    }
-
-    void twoPressesOutOfPlayRestoreTypeFaceAndLayout()
+    // Out of play, two presses bring back the type, the face and the slide layout; the tray takes room.
+    void twoPressesRestoreTypeAndLayout()
     {
         auto g = game(Codes::Slide, 5, false, false);
-        QVERIFY(g);
-        vxmain &w = *g->w;
-        const QRect board = w.vxrz->geometry();
-        const QRect frame = w.vxframe_main->geometry();
+        vxmain &w = g->w;
+        const QRect board = w.vxrz->geometry(), frame = w.vxframe_main->geometry();
         const QString face = w.cb_type->face();
         w.cb_type_Click();
-        QCOMPARE(w.cb_type->Tag, Codes::Drag);
-        QVERIFY(trayShown(w, 5));
-        QVERIFY(w.vxframe_main->y() < frame.y()); // room made for the tray
+        QVERIFY(w.vxframe_main->y() < frame.y());
         QVERIFY(w.vxpcs[0]->y() > w.vxframe_main->geometry().bottom());
         w.cb_type_Click();
-        QVERIFY(g->tp.messages.asked.isEmpty());
-        QCOMPARE(w.cb_type->Tag, Codes::Slide);
         QCOMPARE(w.state().PuzType, Codes::Slide);
         QCOMPARE(w.cb_type->face(), face);
         QVERIFY(trayShown(w, 0));
@@ -164,67 +125,49 @@ private slots:
         QCOMPARE(w.vxframe_main->geometry(), frame);
     }
 
-    // The size dialog's design: title, captions, buttons and their places (twips / 15).
-    void sizeDialogDesign()
+    // The size dialog's design (twips / 15), and each opening selects the current size and only it.
+    void sizeDialogShowsCurrentSize_data()
     {
-        auto g = game(Codes::Slide, 6, false, false);
-        QVERIFY(g);
-        const QStringList captions = { " 2 * 2", " 3 * 3", " 4 * 4", " 5 * 5", " 6 * 6", " 7 * 7", " 8 * 8",
-            " 9 * 9", " 10 * 10", " 11 * 11" };
+        QTest::addColumn<int>("n");
+        for (int n = 2; n <= 11; ++n)
+            QTest::addRow("%d", n) << n;
+    }
+    void sizeDialogShowsCurrentSize()
+    {
+        QFETCH(int, n);
+        auto g = game(Codes::Slide, Integer(n), false, false);
         const QRect places[10] = { { 60, 25, 65, 20 }, { 60, 46, 65, 20 }, { 60, 67, 65, 20 },
             { 60, 88, 65, 20 }, { 60, 109, 65, 20 }, { 173, 25, 65, 20 }, { 173, 46, 65, 20 },
             { 173, 67, 65, 20 }, { 173, 88, 85, 20 }, { 173, 109, 93, 24 } };
-        bool ran = false;
         resizeWith(*g, [&](rzfrm &d) {
-            ran = true;
             QCOMPARE(d.windowTitle(), QStringLiteral("Puzzle Size"));
             QCOMPARE(d.size(), QSize(312, 212));
             QCOMPARE(d.minimumSize(), d.maximumSize());
             QCOMPARE(d.palette().color(QPalette::Window), QColor(0x80, 0x80, 0x80));
+            QCOMPARE(d.ChosenSize, Integer(n));
             for (int i = 0; i < 10; ++i) {
-                QCOMPARE(d.szopt[i]->text(), captions[i]);
+                QCOMPARE(d.szopt[i]->text(), QStringLiteral(" %1 * %1").arg(i + 2));
                 QCOMPARE(d.szopt[i]->geometry(), places[i]);
+                QCOMPARE(d.szopt[i]->isChecked(), i == n - 2);
                 QVERIFY(d.szopt[i]->isEnabled());
             }
             QCOMPARE(d.cb_ok->text(), QStringLiteral("&Resize"));
             QCOMPARE(d.cb_ok->geometry(), QRect(167, 151, 130, 43));
             QCOMPARE(d.cb_cancel->text(), QStringLiteral("&Cancel"));
             QCOMPARE(d.cb_cancel->geometry(), QRect(14, 152, 130, 43));
-            d.cb_cancel->click();
-        });
-        QVERIFY(ran);
-        QCOMPARE(g->tp.modals.shown, 1);
-    }
-
-    // Each opening selects the current size and only it; every option is available.
-    void dialogPreselectsCurrentSize_data()
-    {
-        QTest::addColumn<int>("n");
-        for (int n = 2; n <= 11; ++n)
-            QTest::addRow("%d", n) << n;
-    }
-    void dialogPreselectsCurrentSize()
-    {
-        QFETCH(int, n);
-        auto g = game(Codes::Slide, Integer(n), false, false);
-        QVERIFY(g);
-        resizeWith(*g, [&](rzfrm &d) {
-            QCOMPARE(d.ChosenSize, Integer(n));
-            for (int i = 0; i < 10; ++i) {
-                QCOMPARE(d.szopt[i]->isChecked(), i == n - 2);
-                QVERIFY(d.szopt[i]->isEnabled());
-            }
             d.cb_ok->click();
         });
-        QCOMPARE(g->w->state().GridN, Integer(n));
+        QCOMPARE(g->tp.modals.shown, 1);
+        QCOMPARE(g->s().GridN, Integer(n));
     }
 
-    // Confirming the same size, Cancel and the close box change nothing: no layout, no new puzzle.
+    // Confirming the same size, Cancel and the close box change nothing: no layout, no new puzzle; a
+    // size picked before a Cancel is forgotten.
     void unchangedSizeTouchesNothing()
     {
         auto g = game(Codes::Drag, 6, true, true);
         QVERIFY(g);
-        vxmain &w = *g->w;
+        vxmain &w = g->w;
         PuzzleState &s = w.state();
         // A parked piece would be wiped from its box by a layout pass.
         w.vxrz_MouseDown(Qt::LeftButton, {}, 5, 5);
@@ -243,23 +186,18 @@ private slots:
                 pick(d, 3);
                 d.close();
             },
+            [](rzfrm &d) {
+                QVERIFY(d.ChosenSize == 6 && d.szopt[4]->isChecked() && !d.szopt[7]->isChecked());
+            },
         };
         for (const auto &script : scripts) {
             resizeWith(*g, script);
             QCOMPARE(s.GridN, Integer(6));
-            QCOMPARE(s.TileTotal, Integer(36));
             QVERIFY(s.Board == board);
             QCOMPARE(w.vxpcs[0]->image(), box);
             QCOMPARE(g->tp.pointers.history.size(), pointerChanges); // no scramble
             QVERIFY(s.InPlay);
         }
-        // The size picked before the Cancel is forgotten.
-        resizeWith(*g, [](rzfrm &d) {
-            QVERIFY(d.szopt[4]->isChecked());
-            QVERIFY(!d.szopt[7]->isChecked());
-            QCOMPARE(d.ChosenSize, Integer(6));
-        });
-        QCOMPARE(g->tp.modals.shown, 4);
     }
 
     // A new size lays the board out again and, with a picture, starts a new puzzle at once.
@@ -274,60 +212,47 @@ private slots:
         QFETCH(QString, type);
         auto g = game(type, 6, true, true);
         QVERIFY(g);
-        vxmain &w = *g->w;
-        const PuzzleState &s = w.state();
+        const PuzzleState &s = g->s();
         resizeWith(*g, [](rzfrm &d) {
             pick(d, 11);
             d.cb_ok->click();
         });
-        QCOMPARE(s.GridN, Integer(11));
         QCOMPARE(s.TileTotal, Integer(121));
         QCOMPARE(QSize(s.TileW, s.TileH), QSize(47, 35));
-        QCOMPARE(w.vxrz->size(), QSize(518, 386));
+        QCOMPARE(g->w.vxrz->size(), QSize(518, 386));
         QVERIFY(s.InPlay);
         QCOMPARE(int(s.Board.size()), 122);
         QCOMPARE(s.InPlace, s.countInPlace());
         QVERIFY(s.InPlace < s.TileTotal);
-        std::vector<int> homes;
+        QVERIFY(trayShown(g->w, type == Codes::Drag ? 11 : 0));
         for (int p = 0; p < s.TileTotal; ++p)
-            homes.push_back(s.Board[p].Home);
-        std::sort(homes.begin(), homes.end());
-        for (int p = 0; p < s.TileTotal; ++p)
-            QCOMPARE(homes[p], p);
-        QVERIFY(trayShown(w, type == Codes::Drag ? 11 : 0));
-        QVERIFY(w.vxrz->image() != w.vxrz_s->image());
+            QVERIFY((p == s.BlankPos && type == Codes::Slide) || placeShowsRecord(g->w, p));
     }
 
+    // Without a picture a new size only lays out; with the hint armed the command does nothing.
     void newSizeWithoutPictureOnlyLaysOut()
     {
         auto g = game(Codes::Drag, 6, false, false);
-        QVERIFY(g);
-        vxmain &w = *g->w;
-        const PuzzleState &s = w.state();
+        const PuzzleState &s = g->s();
         resizeWith(*g, [](rzfrm &d) {
             pick(d, 3);
             d.cb_ok->click();
         });
-        QCOMPARE(s.GridN, Integer(3));
         QCOMPARE(s.TileTotal, Integer(9));
-        QCOMPARE(w.vxrz->width(), s.TileW * 3 + 1);
-        QCOMPARE(w.vxrz->height(), s.TileH * 3 + 1);
-        QVERIFY(trayShown(w, 3));
+        QCOMPARE(g->w.vxrz->size(), QSize(s.TileW * 3 + 1, s.TileH * 3 + 1));
+        QVERIFY(trayShown(g->w, 3));
         QVERIFY(!s.InPlay);
         QVERIFY(!g->tp.pointers.history.contains(PointerShape::Hourglass));
-    }
 
-    void sizeButtonIgnoredWhileHintArmed()
-    {
-        auto g = game(Codes::Slide, 6, true, true);
-        QVERIFY(g);
-        g->w->cb_help_Click();
-        resizeWith(*g, [](rzfrm &d) {
+        auto h = game(Codes::Slide, 6, true, true);
+        QVERIFY(h);
+        h->w.cb_help_Click();
+        resizeWith(*h, [](rzfrm &d) {
             pick(d, 2);
             d.cb_ok->click();
         });
-        QCOMPARE(g->tp.modals.shown, 0);
-        QCOMPARE(g->w->state().GridN, Integer(6));
+        QCOMPARE(h->tp.modals.shown, 0);
+        QCOMPARE(h->s().GridN, Integer(6));
     }
 };
 
