@@ -65,6 +65,10 @@ Integer PuzzleState::countInPlace() const
 
 bool PuzzleState::allows(Command c) const
 {
+    // While a piece is lifted only the pointer's moves and its release act: no command may change the
+    // tables or the layout under the carried piece.
+    if (DragIdx >= 0)
+        return false;
     const bool picture = !PicFile.isEmpty();
     switch (c) {
     case Command::NewPicture:

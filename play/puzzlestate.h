@@ -101,6 +101,7 @@ public:
         return p >= 0 && p < TileTotal;
     }
 
-    // The handler guards: false means the handler returns at once, silently.
+    // The handler guards: false means the handler returns at once, silently. Nothing acts while a piece
+    // is lifted (DragIdx >= 0).
     bool allows(Command c) const;
 };
