@@ -1,0 +1,140 @@
+// The real program in a real X window under a private Xvfb, driven as a person would: the mouse and the
+// keyboard through xdotool, the screen read back through screenshots. Shared by the real-window tests.
+#pragma once
+
+#include "xserver.h"
+
+#include <QApplication>
+#include <QFileInfo>
+#include <QImage>
+#include <QProcess>
+#include <QScreen>
+#include <QTemporaryDir>
+#include <QTest>
+
+inline QString xdotool(const QStringList &args)
+{
+    QProcess p;
+    p.start(QStringLiteral("xdotool"), args);
+    p.waitForFinished(10000);
+    return QString::fromLocal8Bit(p.readAllStandardOutput()).trimmed();
+}
+
+// True once a visible window whose name matches the pattern is mapped.
+inline bool windowNamed(const QString &pattern)
+{
+    return !xdotool({ "search", "--onlyvisible", "--name", pattern }).isEmpty();
+}
+
+class RealGame
+{
+public:
+    // The game's own folder: the program file is copied there, so the puzzle file and lib/ live there.
+    QTemporaryDir home;
+    QProcess game;
+    QString window;
+    // Screen position of the client area's top-left pixel: the centred 806 x 606 window on 1280 x 1024,
+    // inside its 3-pixel frame.
+    QPoint client { 240, 212 };
+
+    bool start()
+    {
+        const QString exe = home.filePath(QStringLiteral("varno"));
+        if (!QFileInfo::exists(exe)) {
+            QFile::copy(QStringLiteral(VARNO_EXE), exe);
+            QFile::setPermissions(exe, QFile::ExeOwner | QFile::ReadOwner | QFile::WriteOwner);
+        }
+        game.setProgram(exe);
+        game.start();
+        if (!game.waitForStarted())
+            return false;
+        for (int i = 0; i < 150; ++i) {
+            window = xdotool({ "search", "--onlyvisible", "--class", "varno" }).section('\n', 0, 0);
+            if (!window.isEmpty())
+                return true;
+            QTest::qWait(100);
+        }
+        return false;
+    }
+    void stop()
+    {
+        if (game.state() != QProcess::NotRunning) {
+            game.kill();
+            game.waitForFinished();
+        }
+    }
+    ~RealGame()
+    {
+        stop();
+    }
+
+    // The whole screen after the window has settled; saved as build/tests/realwindow-NAME.png.
+    QImage shot(const QString &name, int settleMs = 150)
+    {
+        QTest::qWait(settleMs);
+        const QImage img = QGuiApplication::primaryScreen()->grabWindow(0).toImage();
+        if (!name.isEmpty())
+            img.save(QStringLiteral(SHOT_DIR "/realwindow-%1.png").arg(name));
+        return img;
+    }
+    // A pixel of the client area, as the screen shows it.
+    QRgb at(const QImage &img, int x, int y) const
+    {
+        return img.pixel(client.x() + x, client.y() + y) & 0xFFFFFF;
+    }
+    void moveTo(QPoint p)
+    {
+        xdotool({ "mousemove", QString::number(client.x() + p.x()), QString::number(client.y() + p.y()) });
+    }
+    void click(int x, int y)
+    {
+        moveTo({ x, y });
+        xdotool({ "click", "1" });
+    }
+    // A command button's centre: the command bar's left is 224; buttons stand at their design lefts.
+    void command(int left)
+    {
+        click(224 + left + 11, 12);
+    }
+    // The pixels of one tile (a sparse sample), to follow where a tile's image went.
+    QList<QRgb> tile(const QImage &img, QPoint board, QSize t, int place, int n) const
+    {
+        QList<QRgb> px;
+        const QPoint o = board + QPoint((place % n) * t.width(), (place / n) * t.height());
+        for (int y = 3; y < t.height() - 2; y += 7)
+            for (int x = 3; x < t.width() - 2; x += 7)
+                px << at(img, o.x() + x, o.y() + y);
+        return px;
+    }
+    bool blankTile(const QImage &img, QPoint board, QSize t, int place, int n) const
+    {
+        const QList<QRgb> px = tile(img, board, t, place, n);
+        return std::all_of(
+            px.begin(), px.end(), [](QRgb c) { return c == (qRgb(255, 192, 192) & 0xFFFFFF); });
+    }
+    void drag(QPoint from, QPoint to)
+    {
+        moveTo(from);
+        xdotool({ "mousedown", "1" });
+        for (int i = 1; i <= 8; ++i)
+            moveTo(from + (to - from) * i / 8);
+        xdotool({ "mouseup", "1" });
+        QTest::qWait(200);
+    }
+};
+
+// A real-window test's main: its own Xvfb, the xcb platform, then the test object.
+#define REALWINDOW_MAIN(TestClass)                                                                           \
+    int main(int argc, char **argv)                                                                          \
+    {                                                                                                        \
+        XServer x;                                                                                           \
+        if (!x.start()) {                                                                                    \
+            qCritical("cannot start Xvfb");                                                                  \
+            return 1;                                                                                        \
+        }                                                                                                    \
+        qputenv("DISPLAY", x.display().toLocal8Bit());                                                       \
+        qputenv("QT_QPA_PLATFORM", "xcb");                                                                   \
+        QApplication app(argc, argv);                                                                        \
+        TestClass test;                                                                                      \
+        return QTest::qExec(&test, argc, argv);                                                              \
+    }
