@@ -1,6 +1,7 @@
 // The main window: builds its controls, runs start-up and routes window and mouse events to handlers.
 #include "app/vxmain.h"
 
+#include "platform/caption.h"
 #include "platform/facebutton.h"
 #include "platform/picturebox.h"
 #include "platform/shapes.h"
@@ -70,6 +71,8 @@ vxmain::vxmain(const Platform &platform, const QString &programFolder, QWidget *
     m_client->installEventFilter(this);
     buildControls();
     Form_Load();
+    // The caption stays empty on every desktop, not only in Qt's own idea of the title.
+    clearNativeCaption(this);
 }
 
 vxmain::~vxmain() = default;

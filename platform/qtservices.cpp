@@ -57,15 +57,22 @@ QString QtFileDialogs::toQtFilter(const QString &filter)
     return out.join(QStringLiteral(";;"));
 }
 
-std::optional<FileChoice> QtFileDialogs::open(const QString &filter, int flags)
+void QtFileDialogs::prepare(QFileDialog &dialog, const QString &filter, int flags)
 {
-    QFileDialog dialog(m_parent);
     dialog.setAcceptMode(QFileDialog::AcceptOpen);
     // The file and its folder must exist: the dialog itself refuses other names.
     dialog.setFileMode((flags & OpenFlags::FileMustExist) ? QFileDialog::ExistingFile : QFileDialog::AnyFile);
     dialog.setNameFilter(toQtFilter(filter));
+    // The filter's description is shown as it stands, without Qt's own pattern list after it.
+    dialog.setOption(QFileDialog::HideNameFilterDetails, true);
     // Qt's own dialog looks the same on every desktop and can be driven under a bare X server.
     dialog.setOption(QFileDialog::DontUseNativeDialog, true);
+}
+
+std::optional<FileChoice> QtFileDialogs::open(const QString &filter, int flags)
+{
+    QFileDialog dialog(m_parent);
+    prepare(dialog, filter, flags);
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
         return std::nullopt;
     const QString path = dialog.selectedFiles().constFirst();

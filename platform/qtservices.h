@@ -5,6 +5,7 @@
 
 #include <QElapsedTimer>
 
+class QFileDialog;
 class QWidget;
 
 class QtMessageBoxes : public MessageBoxes
@@ -24,6 +25,8 @@ public:
     std::optional<FileChoice> open(const QString &filter, int flags) override;
     // "Graphic Files(*.jpg;*.gif;*.bmp)|*.jpg;*.gif;*.bmp" as a Qt name filter.
     static QString toQtFilter(const QString &filter);
+    // The dialog as open() shows it: filter, flags and options.
+    static void prepare(QFileDialog &dialog, const QString &filter, int flags);
 
 private:
     QWidget *m_parent;

@@ -21,6 +21,7 @@ private slots:
         const QString geo = xdotool({ "getwindowgeometry", "--shell", g.window });
         QVERIFY2(geo.contains("WIDTH=806") && geo.contains("HEIGHT=606"), qPrintable(geo));
         QVERIFY2(geo.contains("X=237") && geo.contains("Y=209"), qPrintable(geo));
+        QCOMPARE(xdotool({ "getwindowname", g.window }), QString()); // no caption, not even Qt's fallback
         const QImage img = g.shot("start");
         QCOMPARE(g.at(img, 138, 101), qRgb(128, 64, 64) & 0xFFFFFF); // outer frame
         QCOMPARE(g.at(img, 141, 104), qRgb(192, 122, 133) & 0xFFFFFF); // middle frame
