@@ -19,8 +19,9 @@ xcb_atom_t atom(xcb_connection_t *c, const char *name)
 
 void clearNativeCaption(QWidget *window)
 {
+    // Only the xcb platform has a window on an X server (the offscreen one may answer without one).
     auto *x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
-    if (!x11)
+    if (QGuiApplication::platformName() != QLatin1String("xcb") || !x11 || !x11->connection())
         return;
     xcb_connection_t *c = x11->connection();
     const auto id = xcb_window_t(window->winId());

@@ -1,14 +1,61 @@
-// Scrambling the tile tables: walk lengths, solvable walks, random deals, and never a solved board.
+// The game logic on its own: place arithmetic, rounding, and the scramble of the tile tables (walk
+// lengths, solvable walks, random deals, never a solved board).
 #include "play/scramble.h"
 
 #include <QTest>
 #include <numeric>
 #include <set>
 
-class ScrambleTest : public QObject
+class CoreTest : public QObject
 {
     Q_OBJECT
 private slots:
+    // Points, places, columns and rows convert as the board's pixels lie.
+    void placeArithmeticOnFourByFour()
+    {
+        PuzzleState s;
+        s.setGridSize(4);
+        s.TileW = 50;
+        s.TileH = 40;
+        const struct {
+            float x, y;
+            int pos;
+        } points[] = { { 0, 0, 0 }, { 49, 39, 0 }, { 50, 0, 1 }, { 199, 159, 15 }, { 100, 40, 6 },
+            { 49.6f, 0, 0 }, { 99.6f, 0, 2 } };
+        for (const auto &p : points) {
+            s.FindPos(p.x, p.y);
+            QCOMPARE(int(s.CurPos), p.pos);
+        }
+        s.Find_XY(3);
+        QCOMPARE(QPoint(s.PosX, s.PosY), QPoint(150, 0));
+        s.Find_XY(4);
+        QCOMPARE(QPoint(s.PosX, s.PosY), QPoint(0, 40));
+        s.Find_XY(15);
+        QCOMPARE(QPoint(s.PosX, s.PosY), QPoint(150, 120));
+        // The board's last pixel column lies beyond the last column.
+        s.FindPos(200, 0);
+        QCOMPARE(int(s.CurPos), 4);
+        for (Integer r = 0; r < 4; ++r)
+            for (Integer c = 0; c < 4; ++c) {
+                s.GetPosFromCR(c, r);
+                s.GetCRfromPos(s.CurPos);
+                QCOMPARE(QPoint(s.PosCol, s.PosRow), QPoint(c, r));
+            }
+    }
+
+    // Rounding goes half to even; narrowing to 16 bits is checked.
+    void roundingAndOverflow()
+    {
+        QCOMPARE(vb::CLng(2.5), Long(2));
+        QCOMPARE(vb::CLng(3.5), Long(4));
+        QCOMPARE(vb::CLng(-2.5), Long(-2));
+        QCOMPARE(vb::CLng(292.5), Long(292));
+        QCOMPARE(vb::CInt(2.4999), Integer(2));
+        QVERIFY_THROWS_EXCEPTION(std::overflow_error, vb::CInt(40000.0));
+        QVERIFY_THROWS_EXCEPTION(std::overflow_error, vb::checked16(32768));
+        QCOMPARE(vb::checked16(-32768), Integer(-32768));
+    }
+
     void scrambleIsAWholeUnsolvedArrangement_data()
     {
         QTest::addColumn<int>("n");
@@ -95,5 +142,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(ScrambleTest)
-#include "tst_scramble.moc"
+QTEST_GUILESS_MAIN(CoreTest)
+#include "tst_core.moc"

@@ -1,0 +1,118 @@
+// The main window: what start-up leaves, the folders beside the program, and the board's layout for both
+// puzzle types and the sizes whose numbers the layout rules are known by.
+#include "app/programfolder.h"
+#include "game.h"
+#include "platform/shapes.h"
+
+#include <QTest>
+
+class WindowTest : public QObject
+{
+    Q_OBJECT
+private slots:
+    // Right after start-up: the defaults, the two paths, nothing loaded, the help document's closing line
+    // one line down; the window keeps its size whatever asks it to change.
+    void startupLeavesDefaults()
+    {
+        Game g;
+        const PuzzleState &s = g.s();
+        QVERIFY(s.GridN == 6 && s.TileTotal == 36 && s.PuzType == "S" && s.GridColor == 0xFFFFFF);
+        QVERIFY(!s.InPlay && !s.HintMode && s.DragIdx == -1 && s.MinState == -1 && s.PicFile.isEmpty());
+        QCOMPARE(s.PzlFile, g.dir.path() + "/varno.pzl");
+        QCOMPARE(s.LibPath, g.dir.path() + "/lib");
+        QVERIFY(QFileInfo(s.LibPath).isDir());
+        for (QWidget *hidden : std::initializer_list<QWidget *> {
+                 g.w.vxrz_s, g.w.vxblank, g.w.vxdrag, g.w.hlpdoc, g.w.lblmsg, g.w.vxfr_t, g.w.vxpcs[0] })
+            QVERIFY(!hidden->isVisible());
+        const int lineH = QFontMetrics(g.w.hlpdoc->font()).height();
+        QImage paper(200, lineH, QImage::Format_RGB32);
+        paper.fill(Qt::white);
+        QVERIFY(g.w.hlpdoc->image().copy(0, lineH, 200, lineH) != paper);
+        g.w.resize(300, 200);
+        QCOMPARE(g.w.size(), QSize(806, 606));
+        QCOMPARE(g.w.client()->geometry(), QRect(3, 3, 800, 600));
+    }
+
+    // A present library folder is left as it is; one that cannot be made (a file in the way, a folder
+    // nobody may write) does not stop the game; an unwritable program folder gives way to the user's.
+    void foldersBesideTheProgram()
+    {
+        QTemporaryDir dir, user;
+        QVERIFY(QDir().mkpath(dir.filePath("lib")));
+        QFile keep(dir.filePath("lib/keep.jpg"));
+        QVERIFY(keep.open(QIODevice::WriteOnly));
+        keep.close();
+        TestPlatform tp;
+        {
+            vxmain w(tp.platform(), dir.path());
+            QVERIFY(keep.exists());
+        }
+        QVERIFY(QDir(dir.filePath("lib")).removeRecursively()
+            && QFile(dir.filePath("lib")).open(QIODevice::WriteOnly));
+        vxmain blocked(tp.platform(), dir.path());
+        QVERIFY(QFileInfo(dir.filePath("lib")).isFile());
+        vxmain readOnly(tp.platform(), QStringLiteral("/proc"));
+        QCOMPARE(readOnly.state().GridN, Integer(6));
+        QCOMPARE(chooseProgramFolder(dir.path(), user.filePath("data")), dir.path());
+        QCOMPARE(chooseProgramFolder(QStringLiteral("/proc"), user.filePath("data")), user.filePath("data"));
+        QVERIFY(QFileInfo(user.filePath("data")).isDir());
+    }
+
+    // The board box rounded to whole tiles plus one pixel, centred with its frames under the command bar,
+    // the tray row below it for type "D"; a second pass moves nothing.
+    void boardLayout_data()
+    {
+        QTest::addColumn<QString>("type");
+        QTest::addColumn<int>("n");
+        QTest::addColumn<QSize>("box");
+        QTest::addColumn<QSize>("tile");
+        QTest::addColumn<QRect>("board");
+        QTest::addColumn<QRect>("frame");
+        QTest::addColumn<QPoint>("tray");
+        QTest::newRow("S 6x6") << "S" << 6 << QSize(520, 390) << QSize(86, 65) << QRect(146, 109, 517, 391)
+                               << QRect(138, 101, 534, 408) << QPoint();
+        QTest::newRow("D 6x6") << "D" << 6 << QSize(520, 390) << QSize(86, 65) << QRect(146, 69, 517, 391)
+                               << QRect(138, 61, 534, 408) << QPoint(138, 503);
+        QTest::newRow("S 11x11") << "S" << 11 << QSize(520, 390) << QSize(47, 35) << QRect(145, 111, 518, 386)
+                                 << QRect(137, 103, 535, 403) << QPoint();
+        // Frame, tray and command bar do not fit: the frame starts 2 pixels under the command bar.
+        QTest::newRow("D 2x2") << "D" << 2 << QSize(520, 390) << QSize(260, 195) << QRect(144, 34, 521, 391)
+                               << QRect(136, 26, 538, 408) << QPoint(136, 436);
+        QTest::newRow("D 5x5, 300 wide")
+            << "D" << 5 << QSize(300, 390) << QSize(60, 78) << QRect(254, 63, 301, 391)
+            << QRect(246, 55, 318, 408) << QPoint(246, 493);
+    }
+    void boardLayout()
+    {
+        QFETCH(QString, type);
+        QFETCH(int, n);
+        QFETCH(QSize, box);
+        Game g;
+        g.s().PuzType = type;
+        g.s().setGridSize(Integer(n));
+        g.w.vxrz->setBoxSize(box.width(), box.height());
+        g.w.ScrResize();
+        QList<QRect> first;
+        for (QWidget *c : g.w.client()->findChildren<QWidget *>())
+            first << c->geometry();
+        g.w.ScrResize();
+        QList<QRect> second;
+        for (QWidget *c : g.w.client()->findChildren<QWidget *>())
+            second << c->geometry();
+        QCOMPARE(second, first);
+        QTEST(QSize(g.s().TileW, g.s().TileH), "tile");
+        QTEST(g.w.vxrz->geometry(), "board");
+        QTEST(g.w.vxframe_main->geometry(), "frame");
+        QFETCH(QPoint, tray);
+        for (int i = 0; i < Codes::TraySlots; ++i)
+            QCOMPARE(g.w.vxpcs[i]->isVisible(), !tray.isNull() && i < n);
+        if (!tray.isNull())
+            QCOMPARE(g.w.vxpcs[0]->pos(), tray);
+        // The tray boxes in use are emptied and outlined in the grid colour.
+        QCOMPARE(g.w.vxpcs[0]->image().pixel(0, 0), qRgb(255, 255, 255));
+        QCOMPARE(g.w.vxpcs[0]->image().pixel(g.s().TileW / 2, g.s().TileH / 2), BlankColour);
+    }
+};
+
+QTEST_MAIN(WindowTest)
+#include "tst_window.moc"
