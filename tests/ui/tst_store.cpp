@@ -1,0 +1,216 @@
+// The saved puzzle: the file's bytes, save and load through their buttons, the refusal of unsound files,
+// a failed save, and the exit command's question.
+#include "game.h"
+#include "platform/facebutton.h"
+#include "platform/shapes.h"
+#include "store/puzzlefile.h"
+
+#include <QSignalSpy>
+#include <QTest>
+#include <QtEndian>
+#include <csignal>
+#include <sys/resource.h>
+
+namespace
+{
+using Craft = std::function<void(QByteArray &, const PuzzleState &)>;
+
+QByteArray bytesOf(const QString &path)
+{
+    QFile f(path);
+    return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
+}
+// Everything a load sets in the state.
+auto fields(const PuzzleState &s)
+{
+    return std::tie(s.PuzType, s.GridN, s.TileTotal, s.BlankPos, s.InPlace, s.GridColor, s.PicFile, s.Board,
+        s.Pcs, s.InPlay);
+}
+// An Int16 at offset f of the header (r < 0), or in field f (SrcX, SrcY, Home) of record r: the board's
+// records, then the tray's.
+void set16(QByteArray &b, const PuzzleState &s, int r, int f, int v)
+{
+    qToLittleEndian<qint16>(
+        qint16(v), b.data() + (r < 0 ? f : 55 + QFile::encodeName(s.PicFile).size() + 6 * r + 2 * f));
+}
+} // namespace
+Q_DECLARE_METATYPE(Craft)
+
+class StoreTest : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    // The layout byte for byte: the 3 x 3 example with its path C:\p.jpg is 189 bytes.
+    void writesExampleBytes()
+    {
+        const QByteArray b = puzzlefile::encode(puzzlefile::SavedPuzzle { Codes::Slide, 3, 9, 5, 2,
+            Codes::WhiteColor, QStringLiteral("C:\\p.jpg"), std::vector<TileRec>(10) });
+        QCOMPARE(b.left(63),
+            QByteArray::fromHex("56 41 52 4E 4F 30 31 2E 30 31 53 03 00 09 00 05 00 02 00 FF FF FF 00 08 00 "
+                                "43 3A 5C 70 2E 6A 70 67")
+                + QByteArray(30, '\0'));
+        QCOMPARE(b.size(), 189);
+    }
+
+    // Saved, then loaded into another window playing another puzzle without a question: every field,
+    // the board and the tray come back; a path's UTF-8 bytes, the spare record and another signature
+    // survive; a second save of the loaded puzzle writes the same file.
+    void saveAndLoadRoundTrip_data()
+    {
+        QTest::addColumn<QString>("type");
+        QTest::addColumn<int>("n");
+        QTest::addColumn<bool>("black");
+        for (const QString &type : { Codes::Slide, Codes::Drag })
+            for (int n : { 2, 6, 11 })
+                for (bool black : { false, true })
+                    QTest::addRow("%s %d %s", qPrintable(type), n, black ? "black" : "white")
+                        << type << n << black;
+    }
+    void saveAndLoadRoundTrip()
+    {
+        QFETCH(QString, type);
+        QFETCH(int, n);
+        QFETCH(bool, black);
+        Game a, b;
+        QVERIFY(a.play(type, Integer(n))
+            && b.play(type == Codes::Slide ? Codes::Drag : Codes::Slide, Integer(13 - n)));
+        if (black)
+            a.w.cb_grid_Click();
+        if (type == Codes::Drag) { // a piece parked in the first tray box
+            a.w.vxrz_MouseDown(Qt::LeftButton, {}, 2, 2);
+            a.w.Form_MouseUp(a.w.vxpcs[0]->x() + 6, a.w.vxpcs[0]->y() + 6);
+            QVERIFY(a.s().Pcs[0].Home >= 0);
+        }
+        const QString pic = a.dir.filePath(QStringLiteral("Bild ü 狐.bmp"));
+        QVERIFY(QFile::rename(a.s().PicFile, pic));
+        a.s().PicFile = pic;
+        a.s().Board[a.s().TileTotal] = { 7, -8, 9 };
+        a.w.cb_save_Click();
+        QByteArray saved = bytesOf(a.s().PzlFile);
+        QCOMPARE(saved.size(), 127 + pic.toUtf8().size() + 6 * n * n);
+        b.file(QStringLiteral("varno.pzl"), saved.replace(0, 10, "OTHER02.00"));
+        b.w.cb_load_Click();
+        QVERIFY(b.tp.messages.asked.isEmpty() && fields(b.s()) == fields(a.s()));
+        QCOMPARE(b.w.vxrz->image(), a.w.vxrz->image());
+        for (int i = 0; i < Codes::TraySlots; ++i)
+            QVERIFY(b.w.vxpcs[i]->isVisible() == a.w.vxpcs[i]->isVisible()
+                && (a.s().Pcs[i].Home < 0 || b.w.vxpcs[i]->image() == a.w.vxpcs[i]->image()));
+        QCOMPARE(b.w.cb_grid->Tag + b.w.cb_grid->face() + b.w.cb_type->Tag + b.w.cb_type->face(),
+            a.w.cb_grid->Tag + a.w.cb_grid->face() + a.w.cb_type->Tag + a.w.cb_type->face());
+        QVERIFY(b.w.vxfr_t->isVisible() && b.w.vxfr_l->isVisible());
+        b.w.cb_save_Click();
+        QCOMPARE(bytesOf(b.s().PzlFile), "VARNO01.01" + saved.mid(10));
+    }
+
+    // An unsound file, or none, is refused with what is wrong and the game stays as it was; a picture
+    // that is gone or cannot be decoded ends with no puzzle in play and a clean board.
+    void refusesUnsoundFile_data()
+    {
+        QTest::addColumn<QString>("type");
+        QTest::addColumn<QString>("says");
+        QTest::addColumn<bool>("keeps");
+        QTest::addColumn<Craft>("craft");
+        const auto row = [](const char *name, const QString &type, const char *says, bool keeps, Craft c) {
+            QTest::newRow(name) << type << QString::fromUtf8(says) << keeps << c;
+        };
+        const QString S = Codes::Slide, D = Codes::Drag;
+        row("no file", S, "No Saved Puzzle Found", true, [](auto &b, auto &) { b.clear(); });
+        row("cut in the header", S, "ends inside its header", true, [](auto &b, auto &) { b.truncate(24); });
+        row("board of 12", D, "12 tiles a side", true, [](auto &b, auto &s) { set16(b, s, -1, 11, 12); });
+        row("no path", S, "names no picture", true, [](auto &b, auto &s) { set16(b, s, -1, 23, 0); });
+        row("path past the end", D, "999 bytes", true, [](auto &b, auto &s) { set16(b, s, -1, 23, 999); });
+        row("one byte over", D, "where its contents take", true, [](auto &b, auto &) { b.append('\0'); });
+        row("type X", S, "neither S nor D", true, [](auto &b, auto &) { b[10] = 'X'; });
+        row("grey grid", D, "neither white nor", true, [](auto &b, auto &s) { set16(b, s, -1, 19, 0x8080); });
+        row("home 9", D, "home (9) is not on", true, [](auto &b, auto &s) { set16(b, s, 4, 2, 9); });
+        row("empty place", S, "place 3 is empty", true, [](auto &b, auto &s) { set16(b, s, 3, 2, -1); });
+        row("tile missing", D, "is missing", true, [](auto &b, auto &s) { set16(b, s, 0, 2, -1); });
+        row("home twice", S, "twice", true, [](auto &b, auto &s) { set16(b, s, 0, 2, s.Board[1].Home); });
+        row("in tray box 3", D, "only 3 tray boxes", true, [](auto &b, auto &s) { set16(b, s, 13, 2, 0); });
+        row("blank moved", S, "blank", true, [](auto &b, auto &s) { set16(b, s, -1, 15, s.BlankPos ^ 1); });
+        row("count at home", D, "home", true, [](auto &b, auto &s) { set16(b, s, -1, 17, s.InPlace + 1); });
+        row("source moved", S, "no longer matches", true, [](auto &b, auto &s) { set16(b, s, 2, 1, 1); });
+        row("picture resized", D, "no longer", true, [](auto &, auto &s) {
+            picturegen::pattern({ 9, 9 }, 1).save(s.PicFile);
+        });
+        row("picture gone", D, "cannot be found", false, [](auto &, auto &s) { QFile::remove(s.PicFile); });
+        row("picture damaged", D, "damaged", false, [](auto &, auto &s) { // a picture's header alone
+            picturegen::scene({ 520, 390 }, 1).save(s.PicFile, "PNG"), QFile::resize(s.PicFile, 33);
+        });
+    }
+    void refusesUnsoundFile()
+    {
+        QFETCH(QString, type);
+        QFETCH(QString, says);
+        QFETCH(bool, keeps);
+        QFETCH(Craft, craft);
+        Game g;
+        QVERIFY(g.play(type, 3));
+        g.w.cb_save_Click();
+        QByteArray bytes = bytesOf(g.s().PzlFile);
+        craft(bytes, g.s());
+        QVERIFY(QFile::remove(g.s().PzlFile));
+        if (!bytes.isEmpty())
+            g.file(QStringLiteral("varno.pzl"), bytes);
+        g.w.cb_grid_Click(); // the game now differs from the file
+        const PuzzleState before = g.s();
+        const QImage board = g.w.vxrz->image();
+        g.w.cb_load_Click();
+        const AskedBox box = g.tp.messages.asked.last();
+        QVERIFY2(box.text.contains(says), qPrintable(box.text));
+        QCOMPARE(box.title + QString::number(box.style),
+            QString::fromLatin1(bytes.isEmpty() ? "Load Saved Puzzle64" : "Open - ERROR16"));
+        QVERIFY(g.tp.pointers.current() == PointerShape::Default && g.s().GridColor == before.GridColor);
+        if (keeps) {
+            QVERIFY(fields(g.s()) == fields(before));
+            QCOMPARE(g.w.vxrz->image(), board);
+            return;
+        }
+        QVERIFY(!g.s().InPlay && g.s().PicFile.isEmpty() && !g.w.vxpcs[0]->isVisible());
+        QImage clean = board;
+        clean.fill(BlankColour);
+        QCOMPARE(g.w.vxrz->image(), clean);
+    }
+
+    // Save acts only on a puzzle in play with the hint disarmed. Exit asks only with a puzzle in play,
+    // drops the hint, saves on Yes, and ends the run whatever the answer, even when the save fails: a
+    // save that fails part-way (here the file may not grow) says why and leaves the earlier save whole.
+    void exitOffersToSave()
+    {
+        Game g;
+        QSignalSpy ended(&g.w, &vxmain::exitRequested);
+        QVERIFY(g.load(g.picture(QStringLiteral("p.jpg"), picturegen::scene({ 300, 200 }, 2))));
+        g.w.cb_save_Click(); // refused: not scrambled
+        g.w.cb_exit_Click(); // no puzzle in play: no question
+        g.tp.messages.answers = { MsgAnswer::No, MsgAnswer::Yes, MsgAnswer::Ok, MsgAnswer::Yes };
+        std::signal(SIGXFSZ, SIG_IGN);
+        rlimit limit {};
+        getrlimit(RLIMIT_FSIZE, &limit);
+        const rlimit unlimited = limit;
+        for (const auto &[n, writes] : { std::pair(2, false), std::pair(2, true), std::pair(11, false) }) {
+            QVERIFY(g.play(Codes::Drag, Integer(n)));
+            g.w.cb_help_Click();
+            g.w.cb_save_Click(); // refused: the hint is armed
+            const QByteArray earlier = bytesOf(g.s().PzlFile);
+            limit.rlim_cur = n == 11 ? rlim_t(earlier.size() + 50) : unlimited.rlim_cur;
+            setrlimit(RLIMIT_FSIZE, &limit);
+            g.w.cb_exit_Click();
+            setrlimit(RLIMIT_FSIZE, &unlimited);
+            QVERIFY(!g.s().HintMode && g.tp.pointers.current() == PointerShape::Default);
+            QCOMPARE(bytesOf(g.s().PzlFile) != earlier, writes);
+        }
+        QCOMPARE(QDir(g.dir.path()).entryList(QDir::Files).size(), 3); // no temporary file is left
+        QStringList boxes;
+        for (const AskedBox &b : g.tp.messages.asked)
+            boxes << b.title + QString::number(b.style) + b.text;
+        const QString ask = QStringLiteral("Save on Exit36Save Current Puzzle");
+        QCOMPARE(boxes,
+            QStringList({ ask, ask, "Saved64Puzzle Saved", ask,
+                "Save - ERROR16The puzzle cannot be saved in " + g.s().PzlFile + ": File too large." }));
+        QCOMPARE(ended.size(), 4);
+    }
+};
+
+QTEST_MAIN(StoreTest)
+#include "tst_store.moc"
