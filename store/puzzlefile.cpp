@@ -95,19 +95,20 @@ namespace
         for (int i = 0; i < T + Codes::TraySlots; ++i) {
             const bool place = i < T;
             const int home = place ? p.Board[i].Home : p.Pcs[i - T].Home;
-            const QString where
-                = place ? QStringLiteral("place %1").arg(i) : QStringLiteral("tray box %1").arg(i - T);
+            const auto where = [&] {
+                return place ? QStringLiteral("place %1").arg(i) : QStringLiteral("tray box %1").arg(i - T);
+            };
             if (home == -1 && place && slide)
-                return damaged(QStringLiteral("%1 is empty in a slide puzzle").arg(where));
+                return damaged(QStringLiteral("%1 is empty in a slide puzzle").arg(where()));
             if (home == -1)
                 continue;
             if (home < 0 || home >= T)
                 return damaged(QStringLiteral("%1 holds a tile whose home (%2) is not on the board")
-                                   .arg(where)
+                                   .arg(where())
                                    .arg(home));
             if (!place && i - T >= p.GridN)
                 return damaged(QStringLiteral("%1 holds a piece, but the board has only %2 tray boxes")
-                                   .arg(where)
+                                   .arg(where())
                                    .arg(p.GridN));
             if (++held[home] > 1)
                 return damaged(QStringLiteral("the tile whose home is place %1 is held twice").arg(home));

@@ -51,7 +51,7 @@ void vxmain::cb_save_Click()
         return;
     const QByteArray bytes = puzzlefile::encode(s);
     const QString error = bytes.isEmpty()
-        ? QStringLiteral("The picture's path is too long to be kept in the saved puzzle.")
+        ? QStringLiteral("the picture's path is longer than %1 bytes").arg(puzzlefile::MaxPathBytes)
         : puzzlefile::writeWhole(s.PzlFile, bytes);
     if (error.isEmpty())
         m_platform.messages.show(
