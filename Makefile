@@ -1,8 +1,9 @@
 # Front door: `make` builds, `make run` starts the game, `make test` runs every test, `make bench` measures.
+# `make fuzz` fuzzes the puzzle file reader for FUZZ_SECONDS seconds on one core.
 BUILD ?= build
 JOBS ?= $(shell nproc)
 
-.PHONY: all deps build run test bench format clean
+.PHONY: all deps build run test bench format clean fuzz
 
 all: build
 
@@ -24,6 +25,21 @@ test: build
 
 bench: build
 	$(BUILD)/bin/varno_bench
+
+FUZZ_BUILD ?= build-fuzz
+FUZZ_SECONDS ?= 600
+
+# Its own clang build with libFuzzer and the sanitizers, seeded with sound files of every size and type.
+fuzz: build
+	@command -v clang++ >/dev/null || { s=""; [ "$$(id -u)" -eq 0 ] || s=sudo; \
+		$$s apt-get update -qq && $$s apt-get install -y -qq --no-install-recommends clang; }
+	@[ -f $(FUZZ_BUILD)/CMakeCache.txt ] || \
+		cmake -S fuzz -B $(FUZZ_BUILD) -DCMAKE_BUILD_TYPE=RelWithDebInfo -DCMAKE_CXX_COMPILER=clang++
+	cmake --build $(FUZZ_BUILD) -j $(JOBS)
+	$(BUILD)/bin/makepuzzles $(FUZZ_BUILD)/seeds
+	mkdir -p $(FUZZ_BUILD)/corpus
+	cd $(FUZZ_BUILD) && ./fuzz_puzzlefile -max_total_time=$(FUZZ_SECONDS) -jobs=1 -workers=1 -timeout=10 \
+		-max_len=36000 -print_final_stats=1 corpus seeds
 
 format:
 	clang-format -i $$(git ls-files '*.cpp' '*.h')

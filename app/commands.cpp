@@ -8,18 +8,6 @@ void vxmain::cb_lib_Click()
         return;
 }
 
-void vxmain::cb_load_Click()
-{
-    if (!m_state.allows(Command::LoadGame))
-        return;
-}
-
-void vxmain::cb_save_Click()
-{
-    if (!m_state.allows(Command::SaveGame))
-        return;
-}
-
 void vxmain::cb_full_Click()
 {
     if (!m_state.allows(Command::FullImage))
@@ -34,10 +22,4 @@ void vxmain::cb_min_Click()
 {
     if (!m_state.allows(Command::Minimise))
         return;
-}
-
-void vxmain::cb_exit_Click()
-{
-    m_state.HintMode = false;
-    emit exitRequested();
 }

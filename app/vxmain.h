@@ -14,6 +14,10 @@ class PictureBox;
 class ShapeBox;
 class SvgImage;
 class TextLabel;
+namespace puzzlefile
+{
+struct SavedPuzzle;
+}
 
 // The resource path of a command button face.
 QString faceResource(const QString &name);
@@ -146,6 +150,9 @@ private:
     void HelpOn(Integer pos, bool fromTray);
     // Mode "Lib" of LoadPic: the chosen file into the library folder.
     bool storeInLibrary();
+    // The saved puzzle: a checked file taken over and drawn; a picture that fails leaves no puzzle.
+    void showLoaded(const puzzlefile::SavedPuzzle &saved);
+    void endWithoutPuzzle();
 
     Platform m_platform;
     PuzzleState m_state;

@@ -6,6 +6,7 @@
 #include "platform/picturebox.h"
 #include "play/fitting.h"
 #include "render/picturefile.h"
+#include "store/puzzlefile.h"
 
 #include <QApplication>
 #include <QElapsedTimer>
@@ -232,6 +233,48 @@ void benchPlay(vxmain &w, const QString &picture)
     row("lift, 10 follows, drop back (us)", move, "us", "lift + drop (us)", drop);
 }
 
+// The saved puzzle of the 11 x 11 game in play: the file work alone against plain file calls on the same
+// bytes, in a memory folder (the work itself) and on the disk (where the flush of a durable replace is
+// the disk's time); then the whole load command against the picture's own loading.
+void benchStore(vxmain &w)
+{
+    std::printf("Saved puzzle, 11 x 11 (the file work alone; then the load command with its picture)\n");
+    PuzzleState &s = w.state();
+    const QByteArray bytes = puzzlefile::encode(s);
+    QTemporaryDir ram(QStringLiteral("/dev/shm/varno-bench-XXXXXX"));
+    const QString memory = ram.isValid() ? ram.filePath(QStringLiteral("varno.pzl")) : s.PzlFile;
+    const auto save = [&](const QString &path) {
+        return medianUs(201, [&] { puzzlefile::writeWhole(path, puzzlefile::encode(s)); });
+    };
+    const auto plainWrite = [&](const QString &path) {
+        return medianUs(201, [&] {
+            QFile f(path + QStringLiteral(".plain"));
+            f.open(QIODevice::WriteOnly);
+            f.write(bytes);
+        });
+    };
+    const double saveMemory = save(memory), plainMemory = plainWrite(memory);
+    const double saveDisk = save(s.PzlFile), plainDisk = plainWrite(s.PzlFile);
+    const double load = medianUs(201, [&] {
+        const auto decoded = puzzlefile::decode(std::get<QByteArray>(puzzlefile::readFile(memory)));
+        if (!std::holds_alternative<puzzlefile::SavedPuzzle>(decoded))
+            std::printf("  the saved puzzle was refused\n");
+    });
+    const double plainRead = medianUs(201, [&] {
+        QFile f(memory);
+        f.open(QIODevice::ReadOnly);
+        f.readAll();
+    });
+    std::printf("  file of %lld bytes; memory folder %s\n", static_cast<long long>(bytes.size()),
+        ram.isValid() ? "/dev/shm" : "missing, disk used");
+    row("save: encode + write whole, memory (us)", saveMemory, "us", "plain QFile write (us)", plainMemory);
+    row("save: the same on the disk, synced (us)", saveDisk, "us", "plain QFile write (us)", plainDisk);
+    row("load: read + decode + every check (us)", load, "us", "plain QFile read (us)", plainRead);
+    const double command = medianUs(51, [&] { w.cb_load_Click(); });
+    const double picture = medianUs(51, [&] { w.LoadPic(QStringLiteral("Load")); });
+    row("load command with its picture (ms)", command / 1000, "ms", "LoadPic alone (ms)", picture / 1000);
+}
+
 } // namespace
 
 int main(int argc, char **argv)
@@ -252,5 +295,6 @@ int main(int argc, char **argv)
     const QString picture = dir.path() + "/board.jpg";
     picturegen::scene(QSize(1024, 768), 3).save(picture, "JPEG", 90);
     benchPlay(w, picture);
+    benchStore(w);
     return 0;
 }

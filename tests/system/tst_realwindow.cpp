@@ -113,6 +113,9 @@ private slots:
     void exitButtonEndsProgram()
     {
         g.command(329);
+        QTRY_VERIFY_WITH_TIMEOUT(windowNamed("Save on Exit"), 10000); // a puzzle is in play: No
+        QTest::qWait(300);
+        xdotool({ "key", "Escape" });
         QVERIFY(g.game.waitForFinished(10000));
         QCOMPARE(g.game.exitCode(), 0);
     }
