@@ -20,22 +20,6 @@ void vxmain::cb_save_Click()
         return;
 }
 
-void vxmain::cb_full_Click()
-{
-    if (!m_state.allows(Command::FullImage))
-        return;
-}
-
-void vxmain::cb_helpdoc_Click()
-{
-}
-
-void vxmain::cb_min_Click()
-{
-    if (!m_state.allows(Command::Minimise))
-        return;
-}
-
 void vxmain::cb_exit_Click()
 {
     m_state.HintMode = false;

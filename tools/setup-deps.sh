@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Installs what the build, the tests and the benchmarks need on a Debian machine, only what is missing.
 set -euo pipefail
-pkgs=(cmake g++ make qt6-base-dev qt6-svg-dev qt6-image-formats-plugins libqt6svg6
+pkgs=(cmake g++ make qt6-base-dev qt6-svg-dev qt6-image-formats-plugins libqt6svg6 fonts-liberation openbox
       xvfb xauth xdotool x11-utils libjpeg-turbo-progs clang-format)
 missing=()
 for p in "${pkgs[@]}"; do
