@@ -217,7 +217,8 @@ void vxmain::changeEvent(QEvent *event)
 
 bool vxmain::event(QEvent *event)
 {
-    if (event->type() == QEvent::WindowActivate)
+    // An activation still queued when the window was hidden is no return from the mini window.
+    if (event->type() == QEvent::WindowActivate && isVisible())
         Form_Activate();
     return QWidget::event(event);
 }
