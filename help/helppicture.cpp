@@ -78,12 +78,11 @@ constexpr int Left = 10;
 constexpr int Right = 8;
 constexpr int IndentStep = 16;
 
-int lineWidth(const Line &line, int pixels, int icon, const QPaintDevice *device)
+int lineWidth(const Line &line, const QFontMetrics &normal, const QFontMetrics &bold, int icon)
 {
     int w = Left + line.indent * IndentStep;
     for (const Run &r : line.runs)
-        w += r.picture.isEmpty() ? QFontMetrics(textFont(pixels, r.bold), device).horizontalAdvance(r.text)
-                                 : icon;
+        w += r.picture.isEmpty() ? (r.bold ? bold : normal).horizontalAdvance(r.text) : icon;
     return w;
 }
 
@@ -103,16 +102,16 @@ void drawPicture(QPainter &p, const QString &name, const QRect &box)
 }
 } // namespace
 
-QImage drawHelpPicture(QSize size, int stripHeight)
+void drawHelpPicture(QImage &img, int stripHeight)
 {
-    QImage img(size, QImage::Format_RGB32);
+    const QSize size = img.size();
     img.fill(Qt::white);
     QFile source(QStringLiteral(":/help/help.txt"));
     if (!source.open(QIODevice::ReadOnly))
-        return img;
+        return;
     const QList<Line> lines = parseHelp(QString::fromUtf8(source.readAll()));
     if (lines.isEmpty())
-        return img;
+        return;
     QPainter p(&img);
     p.setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing | QPainter::SmoothPixmapTransform);
 
@@ -132,10 +131,12 @@ QImage drawHelpPicture(QSize size, int stripHeight)
     const int icon = std::min(18, L - 2);
     // The largest small font with which every line fits the width.
     int pixels = std::min(12, L - 6);
-    for (; pixels > 8; --pixels)
+    for (; pixels > 8; --pixels) {
+        const QFontMetrics normal(textFont(pixels, false), &img), bold(textFont(pixels, true), &img);
         if (std::all_of(lines.begin(), lines.end(),
-                [&](const Line &l) { return lineWidth(l, pixels, icon, &img) <= size.width() - Right; }))
+                [&](const Line &l) { return lineWidth(l, normal, bold, icon) <= size.width() - Right; }))
             break;
+    }
     p.fillRect(QRect(Left, top - 5, size.width() - Left - Right, 1), QColor(0xc6, 0xc1, 0xb7));
 
     int y = top;
@@ -159,5 +160,4 @@ QImage drawHelpPicture(QSize size, int stripHeight)
         }
         y += L;
     }
-    return img;
 }

@@ -4,6 +4,6 @@
 
 #include <QImage>
 
-// The help picture of the given size on a white ground: a logo strip of stripHeight pixels at the top,
-// then one free line of that height for the closing line printed onto it, then the help text.
-QImage drawHelpPicture(QSize size, int stripHeight);
+// Draws the help picture over a whole image on a white ground: a logo strip of stripHeight pixels at the
+// top, then one free line of that height for the closing line printed onto it, then the help text.
+void drawHelpPicture(QImage &img, int stripHeight);

@@ -87,8 +87,10 @@ void vxmain::cb_min_Click()
     if (!s.allows(Command::Minimise))
         return;
     s.MinState = 1;
-    if (vxmin)
+    if (vxmin) { // one left from a hand-over the desktop never finished
+        vxmin->close();
         vxmin->deleteLater();
+    }
     auto *mini = new MiniWindow([this] { vxmin_Resize(); });
     vxmin = mini;
     vxmin->setWindowTitle(QStringLiteral("Varno"));

@@ -24,7 +24,8 @@ void vxmain::buildHelpViews()
     hlpdoc->setBoxSize(594, 600);
     hlpdoc->setFont(arialBold12());
     const int line = QFontMetrics(hlpdoc->font(), &hlpdoc->image()).height();
-    hlpdoc->setPicture(drawHelpPicture(hlpdoc->image().size(), line));
+    // Drawn straight into the box's persistent picture, which the closing line is printed onto.
+    drawHelpPicture(hlpdoc->image(), line);
     connect(vxrz_s, &PictureBox::clicked, this, &vxmain::vxrz_s_Click);
     connect(hlpdoc, &PictureBox::clicked, this, &vxmain::hlpdoc_Click);
 }
