@@ -8,18 +8,3 @@ void vxmain::cb_lib_Click()
         return;
 }
 
-void vxmain::cb_full_Click()
-{
-    if (!m_state.allows(Command::FullImage))
-        return;
-}
-
-void vxmain::cb_helpdoc_Click()
-{
-}
-
-void vxmain::cb_min_Click()
-{
-    if (!m_state.allows(Command::Minimise))
-        return;
-}

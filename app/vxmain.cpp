@@ -92,7 +92,6 @@ void vxmain::buildControls()
     vxblank = new PictureBox(c, BoardBack);
     vxblank->hide();
     hlpdoc = new PictureBox(c, Qt::white);
-    hlpdoc->setBoxSize(520, 390);
     hlpdoc->hide();
     vxpcs[0] = new PictureBox(c, BoardBack);
     vxpcs[0]->hide();
@@ -103,7 +102,7 @@ void vxmain::buildControls()
     hlpfr_pcs = new ShapeBox(c, Qt::transparent, Red, 2, false);
     hlpfr_pcs->hide();
     buildCommandBar();
-    lblmsg = new TextLabel(c, QStringLiteral("Click Image Continue To Game"), Qt::yellow,
+    lblmsg = new TextLabel(c, QStringLiteral("Click Image Continue To Game"), QColor(0, 255, 255),
         QColor(128, 128, 128), Qt::AlignCenter);
     lblmsg->resize(fr_cmd->width() + 2, fr_cmd->height() + 2);
     lblmsg->hide();
@@ -116,6 +115,7 @@ void vxmain::buildControls()
     vxdrag = new PictureBox(c, BoardBack);
     vxdrag->setAttribute(Qt::WA_TransparentForMouseEvents);
     vxdrag->hide();
+    buildHelpViews();
     connect(
         vxrz, &PictureBox::mousePressed, this, [this](Qt::MouseButton b, Qt::KeyboardModifiers m, QPointF p) {
             vxrz_MouseDown(b, m, float(p.x()), float(p.y()));
@@ -183,8 +183,8 @@ void vxmain::Form_Load()
     vxrz->setBoxSize(520, 390);
     vxrz->clearPicture();
     fr_cmd->move(fr_cmd->x(), 0);
-    hlpdoc->printLine(QString(), Qt::black);
-    hlpdoc->printLine(QStringLiteral("Click Here To Close Help"), Qt::black);
+    hlpdoc->printLine(QString(), QColor(0, 0, 255));
+    hlpdoc->printLine(QStringLiteral("Click Here To Close Help"), QColor(0, 0, 255));
 }
 
 void vxmain::hideFrameBars()
@@ -220,7 +220,8 @@ void vxmain::changeEvent(QEvent *event)
 
 bool vxmain::event(QEvent *event)
 {
-    if (event->type() == QEvent::WindowActivate)
+    // An activation still queued when the window was hidden is no return from the mini window.
+    if (event->type() == QEvent::WindowActivate && isVisible())
         Form_Activate();
     return QWidget::event(event);
 }

@@ -81,6 +81,10 @@ public:
     void cb_helpdoc_Click();
     void cb_min_Click();
     void cb_exit_Click();
+    // Clicks on the two views' pictures, and the small window's size or state change.
+    void vxrz_s_Click();
+    void hlpdoc_Click();
+    void vxmin_Resize();
 
     // Controls, by their design names.
     QWidget *fr_cmd = nullptr;
@@ -148,6 +152,10 @@ private:
     // The picture is whole again: the frame, the whole picture, and play ends.
     void finishSolved();
     void HelpOn(Integer pos, bool fromTray);
+    // The help document's picture and the views' looks and clicks.
+    void buildHelpViews();
+    // After a view: the tray boxes in use come back for the drag-and-drop puzzle.
+    void showTrayAfterView();
     // Mode "Lib" of LoadPic: the chosen file into the library folder.
     bool storeInLibrary();
     // The saved puzzle: a checked file taken over and drawn; a picture that fails leaves no puzzle.

@@ -15,7 +15,8 @@ QCursor hintCursor()
     pm.fill(Qt::transparent);
     QPainter p(&pm);
     QSvgRenderer(QStringLiteral(":/cursors/hint.svg")).render(&p);
-    return QCursor(pm, 16, 16);
+    // The hot spot is the arrow's tip.
+    return QCursor(pm, 2, 2);
 }
 } // namespace
 

@@ -18,13 +18,22 @@ void PictureBox::setBoxSize(int w, int h)
 {
     w = std::max(w, 1);
     h = std::max(h, 1);
-    if (m_image.width() != w || m_image.height() != h) {
-        QImage next(w, h, QImage::Format_RGB32);
+    const int iw = std::max(w - 2 * m_border, 1);
+    const int ih = std::max(h - 2 * m_border, 1);
+    if (m_image.width() != iw || m_image.height() != ih) {
+        QImage next(iw, ih, QImage::Format_RGB32);
         next.fill(m_back);
-        bitBlt(next, 0, 0, w, h, m_image, 0, 0);
+        bitBlt(next, 0, 0, iw, ih, m_image, 0, 0);
         m_image = std::move(next);
     }
     resize(w, h);
+}
+
+void PictureBox::setBorder(int width)
+{
+    m_border = std::max(width, 0);
+    setBoxSize(this->width(), height());
+    update();
 }
 
 void PictureBox::clearPicture()
@@ -50,7 +59,7 @@ void PictureBox::stretchDraw(const QImage &picture, const QRect &target)
     const QImage scaled = picture.scaled(target.size(), Qt::IgnoreAspectRatio, Qt::SmoothTransformation)
                               .convertToFormat(QImage::Format_RGB32);
     bitBlt(m_image, target.x(), target.y(), scaled.width(), scaled.height(), scaled, 0, 0);
-    update(target);
+    refresh(target);
 }
 
 void PictureBox::drawLine(int x1, int y1, int x2, int y2, QRgb color, LineStyle style)
@@ -80,7 +89,7 @@ void PictureBox::drawRectOutline(int x1, int y1, int x2, int y2, QRgb color)
     drawLine(x2, y1, x2, y2, color);
     drawLine(x2, y2, x1, y2, color);
     drawLine(x1, y2, x1, y1, color);
-    update(QRect(QPoint(x1, y1), QPoint(x2, y2)));
+    refresh(QRect(QPoint(x1, y1), QPoint(x2, y2)));
 }
 
 void PictureBox::printLine(const QString &text, QColor color)
@@ -88,7 +97,7 @@ void PictureBox::printLine(const QString &text, QColor color)
     QPainter p(&m_image);
     p.setFont(font());
     p.setPen(color);
-    const QFontMetrics fm(font());
+    const QFontMetrics fm(font(), &m_image);
     p.drawText(QPoint(0, m_printY + fm.ascent()), text);
     m_printY += fm.height();
     update();
@@ -99,27 +108,50 @@ void PictureBox::refresh(const QRect &r)
     if (r.isNull())
         update();
     else
-        update(r);
+        update(r.translated(m_border, m_border));
 }
 
 void PictureBox::paintEvent(QPaintEvent *event)
 {
     QPainter p(this);
     const QRect r = event->rect();
-    p.drawImage(r.topLeft(), m_image, r);
+    const QPoint o(m_border, m_border);
+    const QRect drawing = m_image.rect().translated(o);
+    p.drawImage(r.intersected(drawing).topLeft(), m_image, r.intersected(drawing).translated(-o));
     // The widget can be larger than its drawing for a moment while it is being resized.
-    for (const QRect &rest : QRegion(r).subtracted(QRegion(m_image.rect())))
+    for (const QRect &rest : QRegion(r).subtracted(QRegion(drawing)))
         p.fillRect(rest, m_back);
+    // The sunken border: shadow above and left, light below and right, darker on the inner ring.
+    for (int i = 0; i < m_border; ++i) {
+        const QRect ring = rect().adjusted(i, i, -i - 1, -i - 1);
+        p.setPen(i == 0 ? QColor(128, 128, 128) : QColor(64, 64, 64));
+        p.drawLine(ring.topLeft(), ring.topRight());
+        p.drawLine(ring.topLeft(), ring.bottomLeft());
+        p.setPen(i == 0 ? QColor(255, 255, 255) : QColor(212, 208, 200));
+        p.drawLine(ring.bottomLeft(), ring.bottomRight());
+        p.drawLine(ring.topRight(), ring.bottomRight());
+    }
 }
 
 void PictureBox::mousePressEvent(QMouseEvent *event)
 {
-    emit mousePressed(event->button(), event->modifiers(), event->position());
+    m_pressed = true;
+    emit mousePressed(event->button(), event->modifiers(), event->position() - QPointF(m_border, m_border));
+}
+
+void PictureBox::mouseReleaseEvent(QMouseEvent *event)
+{
+    const bool click = m_pressed && rect().contains(event->position().toPoint());
+    m_pressed = false;
+    if (click)
+        emit clicked();
+    // The release goes on to the window, which follows a drag.
+    QWidget::mouseReleaseEvent(event);
 }
 
 void PictureBox::mouseDoubleClickEvent(QMouseEvent *event)
 {
-    emit mouseDoubleClicked(event->position());
+    emit mouseDoubleClicked(event->position() - QPointF(m_border, m_border));
 }
 
 void bitBlt(QImage &dst, int dx, int dy, int w, int h, const QImage &src, int sx, int sy)

@@ -33,8 +33,12 @@ public:
         return m_back;
     }
 
-    // Resizes the box; the drawing keeps what lies inside the new size, the rest is background.
+    // Resizes the box (its outer size, the border included); the drawing keeps what lies inside the new
+    // size, the rest is background.
     void setBoxSize(int w, int h);
+    // A sunken border of this width round the drawing (0, the default, for none). Mouse positions and
+    // the drawing's coordinates start inside it.
+    void setBorder(int width);
     // Empties the persistent picture to the background colour.
     void clearPicture();
     // Makes the persistent picture a copy of another picture, drawn at the top left.
@@ -54,16 +58,21 @@ public:
 signals:
     void mousePressed(Qt::MouseButton button, Qt::KeyboardModifiers modifiers, QPointF pos);
     void mouseDoubleClicked(QPointF pos);
+    // A press and its release on the box.
+    void clicked();
 
 protected:
     void paintEvent(QPaintEvent *event) override;
     void mousePressEvent(QMouseEvent *event) override;
+    void mouseReleaseEvent(QMouseEvent *event) override;
     void mouseDoubleClickEvent(QMouseEvent *event) override;
 
 private:
     QImage m_image;
     QColor m_back;
     int m_printY = 0;
+    int m_border = 0;
+    bool m_pressed = false;
 };
 
 // Copies a w x h rectangle from (sx, sy) of one box to (dx, dy) of another, source unchanged (the

@@ -103,6 +103,12 @@ QtEventPump::QtEventPump()
 void QtEventPump::processPendingEvents(bool holdInput)
 {
     QApplication::processEvents(holdInput ? QEventLoop::ExcludeUserInputEvents : QEventLoop::AllEvents);
+    // A child shown in the handler asks for its repaint through a posted event, and handling that posts
+    // the window's update request; events posted during a pass wait for the next one, which would come
+    // only after the caller's sleep. Deliver both now, so the window is painted and flushed to the
+    // screen before the caller blocks.
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::UpdateLater);
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::UpdateRequest);
 }
 
 void QtEventPump::sleepMs(int ms)

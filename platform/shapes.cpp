@@ -17,6 +17,12 @@ ShapeBox::ShapeBox(QWidget *parent, QColor fill, QColor border, int borderWidth,
         setAttribute(Qt::WA_OpaquePaintEvent);
 }
 
+void ShapeBox::setFillColor(QColor fill)
+{
+    m_fill = fill;
+    update();
+}
+
 void ShapeBox::paintEvent(QPaintEvent *event)
 {
     QPainter p(this);

@@ -9,6 +9,11 @@ class ShapeBox : public QWidget
     Q_OBJECT
 public:
     ShapeBox(QWidget *parent, QColor fill, QColor border, int borderWidth, bool filled = true);
+    void setFillColor(QColor fill);
+    QColor borderColor() const
+    {
+        return m_border;
+    }
 
 protected:
     void paintEvent(QPaintEvent *event) override;

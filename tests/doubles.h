@@ -89,6 +89,8 @@ public:
     }
     void sleepMs(int ms) override
     {
+        if (onSleep)
+            onSleep(ms);
         sleptUs += qint64(ms) * 1000;
     }
     void sleepUs(qint64 us) override
@@ -102,6 +104,8 @@ public:
     int pumped = 0;
     bool heldInput = false;
     qint64 sleptUs = 0;
+    // Looks at the window at each sleep, before the clock moves on.
+    std::function<void(int ms)> onSleep;
 };
 
 // Plays a script on a modal window instead of waiting for a player.

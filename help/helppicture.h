@@ -1,0 +1,9 @@
+// The help document's picture, drawn from its text source and the button faces, so that it always shows
+// the faces the command bar shows.
+#pragma once
+
+#include <QImage>
+
+// Draws the help picture over a whole image on a white ground: a logo strip of stripHeight pixels at the
+// top, then one free line of that height for the closing line printed onto it, then the help text.
+void drawHelpPicture(QImage &img, int stripHeight);

@@ -1,0 +1,30 @@
+// The small window that stands among the desktop's windows for the game while the game is hidden.
+#pragma once
+
+#include <QWidget>
+#include <functional>
+
+class MiniWindow : public QWidget
+{
+    Q_OBJECT
+public:
+    // onResize runs on every change of the window's size or state.
+    explicit MiniWindow(std::function<void()> onResize);
+    // Asks the desktop to minimise the window, once it stands on the screen (a request made while the
+    // window is still being mapped can be lost).
+    void minimise();
+
+protected:
+    void resizeEvent(QResizeEvent *event) override;
+    void changeEvent(QEvent *event) override;
+    void closeEvent(QCloseEvent *event) override;
+    void mousePressEvent(QMouseEvent *event) override;
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+private:
+    void changed(bool fromDesktop);
+
+    std::function<void()> m_onResize;
+    bool m_awaitingMinimised = false;
+    bool m_minimiseOnExpose = false;
+};

@@ -1,0 +1,84 @@
+// The full image view and the help document: each stands in place of the board and hides the command
+// bar until a click on its own picture brings the game back as it was.
+#include "app/vxmain.h"
+#include "help/helppicture.h"
+#include "platform/picturebox.h"
+#include "platform/shapes.h"
+
+namespace
+{
+QFont arialBold12()
+{
+    QFont f(QStringLiteral("Arial"), 12, QFont::Bold);
+    // A metric twin stands in where the font itself is missing.
+    f.setFamilies({ QStringLiteral("Arial"), QStringLiteral("Liberation Sans") });
+    return f;
+}
+} // namespace
+
+void vxmain::buildHelpViews()
+{
+    lblmsg->setFont(arialBold12());
+    // A 594 x 600 box whose 2-pixel border holds the 590 x 596 picture.
+    hlpdoc->setBorder(2);
+    hlpdoc->setBoxSize(594, 600);
+    hlpdoc->setFont(arialBold12());
+    const int line = QFontMetrics(hlpdoc->font(), &hlpdoc->image()).height();
+    // Drawn straight into the box's persistent picture, which the closing line is printed onto.
+    drawHelpPicture(hlpdoc->image(), line);
+    connect(vxrz_s, &PictureBox::clicked, this, &vxmain::vxrz_s_Click);
+    connect(hlpdoc, &PictureBox::clicked, this, &vxmain::hlpdoc_Click);
+}
+
+void vxmain::showTrayAfterView()
+{
+    const PuzzleState &s = m_state;
+    if (s.PuzType == Codes::Drag)
+        for (int i = 0; i < Codes::TraySlots && i < s.GridN; ++i)
+            vxpcs[i]->show();
+}
+
+void vxmain::cb_full_Click()
+{
+    if (!m_state.allows(Command::FullImage))
+        return;
+    lblmsg->show();
+    fr_cmd->hide();
+    vxrz->hide();
+    for (PictureBox *box : vxpcs)
+        box->hide();
+    vxrz_s->show();
+    vxframe_border->setFillColor(QColor(0, 255, 255));
+}
+
+void vxmain::vxrz_s_Click()
+{
+    lblmsg->hide();
+    fr_cmd->show();
+    vxrz->show();
+    showTrayAfterView();
+    vxrz_s->hide();
+    vxframe_border->setFillColor(vxframe_border->borderColor());
+}
+
+void vxmain::cb_helpdoc_Click()
+{
+    if (!m_state.allows(Command::HelpDocument))
+        return;
+    fr_cmd->hide();
+    vxrz->hide();
+    for (PictureBox *box : vxpcs)
+        box->hide();
+    hlpdoc->move(vb::CLng(m_client->width()) / 2 - vb::CLng(hlpdoc->width()) / 2, 4);
+    // The document lies over everything else in the window, the frame bars and the logo included.
+    hlpdoc->raise();
+    hlpdoc->show();
+}
+
+void vxmain::hlpdoc_Click()
+{
+    fr_cmd->show();
+    vxrz->show();
+    showTrayAfterView();
+    hlpdoc->hide();
+}

@@ -1,0 +1,87 @@
+// The tile position hint on a stand-in clock, the views' guards and the tray after them, offscreen.
+#include "game.h"
+#include "platform/shapes.h"
+
+#include <QTest>
+
+class HelpTest : public QObject
+{
+    Q_OBJECT
+private slots:
+    // A second press disarms; armed, no full view and no minimise. A tray piece is marked 600 ms, then blinks
+    // 4 times at home, events run before every sleep; the blank, empty places and boxes only disarm.
+    void hintMarksTileThenBlinksHome_data()
+    {
+        QTest::addColumn<QString>("type");
+        QTest::addColumn<int>("box"); // the tray box pressed, or -1 for the board
+        QTest::newRow("blank") << Codes::Slide << -1;
+        QTest::newRow("place emptied into the tray") << Codes::Drag << -1;
+        QTest::newRow("tray box holding its piece") << Codes::Drag << 0;
+        QTest::newRow("empty tray box") << Codes::Drag << 1;
+    }
+    void hintMarksTileThenBlinksHome()
+    {
+        QFETCH(QString, type);
+        QFETCH(int, box);
+        Game g;
+        QVERIFY(g.play(type, 4));
+        vxmain &w = g.w;
+        PuzzleState &s = g.s();
+        const int p = type == Codes::Slide ? s.BlankPos : 0;
+        const QPoint in(p % 4 * s.TileW + 5, p / 4 * s.TileH + 5);
+        if (type == Codes::Drag) { // the piece of place 0 goes to tray box 0
+            w.vxrz_MouseDown(Qt::LeftButton, {}, in.x(), in.y());
+            w.Form_MouseUp(w.vxpcs[0]->geometry().center().x(), w.vxpcs[0]->geometry().center().y());
+        }
+        QList<QPoint> seen, want; // at each sleep the marker shown, (-1, -1) for none
+        int pumped = g.tp.events.pumped;
+        g.tp.events.onSleep = [&](int ms) {
+            QWidget *m
+                = w.hlpfr_pcs->isVisible() ? w.hlpfr_pcs : (w.hlpfr_rz->isVisible() ? w.hlpfr_rz : nullptr);
+            seen << (m ? m->mapTo(w.client(), QPoint()) : QPoint(-1, -1))
+                 << QPoint(ms, g.tp.events.pumped > pumped);
+            pumped = g.tp.events.pumped;
+        };
+        w.cb_help_Click();
+        w.cb_help_Click();
+        QCOMPARE(g.tp.pointers.current(), PointerShape::Default);
+        w.cb_help_Click();
+        w.cb_full_Click();
+        w.cb_min_Click();
+        QVERIFY(g.tp.pointers.current() == PointerShape::Custom && w.vxrz->isVisible() && s.MinState == -1);
+        QTest::mousePress(box >= 0 ? w.vxpcs[box] : w.vxrz, Qt::LeftButton, {}, box >= 0 ? QPoint(5, 5) : in);
+        if (box == 0) {
+            const Integer home = s.Pcs[0].Home;
+            want << w.vxpcs[0]->pos() - QPoint(1, 1) << QPoint(600, 1);
+            for (int i = 0; i < 4; ++i)
+                want << w.vxrz->pos() + QPoint(home % 4 * s.TileW, home / 4 * s.TileH) << QPoint(300, 1)
+                     << QPoint(-1, -1) << QPoint(300, 1);
+        }
+        QCOMPARE(seen, want);
+        QVERIFY(!s.HintMode && g.tp.pointers.current() == PointerShape::Default);
+    }
+
+    // Neither the full view nor the hint starts while the picture is whole; after either view of a drag
+    // puzzle only the tray boxes in use come back.
+    void viewsBringBackTrayBoxesInUse()
+    {
+        Game g;
+        QVERIFY(g.play(Codes::Drag, 4));
+        vxmain &w = g.w;
+        g.s().InPlay = false;
+        w.cb_full_Click();
+        w.cb_help_Click();
+        QVERIFY(!w.vxrz_s->isVisible() && !g.s().HintMode);
+        g.s().InPlay = true;
+        for (PictureBox *view : { w.vxrz_s, w.hlpdoc }) {
+            view == w.hlpdoc ? w.cb_helpdoc_Click() : w.cb_full_Click();
+            QVERIFY(view->isVisible()
+                && std::none_of(w.vxpcs.begin(), w.vxpcs.end(), std::mem_fn(&QWidget::isVisible)));
+            QTest::mouseClick(view, Qt::LeftButton);
+            for (int i = 0; i < Codes::TraySlots; ++i)
+                QCOMPARE(w.vxpcs[i]->isVisible(), i < 4);
+        }
+    }
+};
+QTEST_MAIN(HelpTest)
+#include "tst_help.moc"
