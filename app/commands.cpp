@@ -2,12 +2,6 @@
 // guard; the exit command ends the run.
 #include "app/vxmain.h"
 
-void vxmain::cb_lib_Click()
-{
-    if (!m_state.allows(Command::Library))
-        return;
-}
-
 void vxmain::cb_load_Click()
 {
     if (!m_state.allows(Command::LoadGame))
