@@ -213,17 +213,11 @@ void libfrm::cb_del_DragDrop()
 
 void libfrm::cb_add_Click()
 {
-    PuzzleState &s = m_host.state;
     m_host.PickImageFile();
-    if (s.OpenFile.isEmpty())
+    if (m_host.state.OpenFile.isEmpty())
         return;
-    if (m_host.LoadPic(QStringLiteral("Lib"))) {
-        // A replaced picture must be read again, not handed on from the thumbnail that showed the old one.
-        const QString stored = s.LibPath + QLatin1Char('/') + library::storedName(s.OpenTitle);
-        for (LibImage *img : libimg)
-            if (img->Tag == stored)
-                img->Tag.clear();
-    }
+    // The view goes back to the first column, so a replaced picture is read again, never handed on.
+    m_host.LoadPic(QStringLiteral("Lib"));
     refresh();
 }
 
