@@ -115,12 +115,7 @@ void libfrm::libscroll_Change()
 {
     const int n = int(libfiles.size());
     if (n < 1) {
-        // The last file is gone: no thumbnail may offer a picture that no longer exists.
-        for (LibImage *img : libimg) {
-            img->clearPicture();
-            img->Tag.clear();
-            img->Problem.clear();
-        }
+        clearThumbnails();
         return;
     }
     const std::array<int, library::Thumbs> entries = library::shownEntries(libscroll->value(), n);
@@ -157,6 +152,16 @@ void libfrm::libscroll_Change()
             img->Problem = next->error;
             ++next;
         }
+    }
+}
+
+void libfrm::clearThumbnails()
+{
+    // The last file is gone: no thumbnail may offer a picture that no longer exists.
+    for (LibImage *img : libimg) {
+        img->clearPicture();
+        img->Tag.clear();
+        img->Problem.clear();
     }
 }
 

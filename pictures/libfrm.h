@@ -77,6 +77,7 @@ protected:
 private:
     // The file list read again, the view back at the first column and the thumbnails filled again.
     void refresh();
+    void clearThumbnails();
     void followDrag(QPoint pos);
     void endDrag();
 

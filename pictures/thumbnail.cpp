@@ -114,7 +114,7 @@ QImage unreadableMark(QSize size)
     img.fill(QColor(236, 232, 224));
     QPainter p(&img);
     p.setRenderHint(QPainter::Antialiasing);
-    p.setPen(QPen(QColor(128, 128, 128), 2));
+    p.setPen(QPen(QColor(90, 90, 90), 2));
     p.drawRect(QRectF(img.rect()).adjusted(1, 1, -1, -1));
     const int side = std::min(size.width(), size.height()) / 2;
     const QRectF cross(QPointF(size.width() - side, size.height() - side) / 2, QSizeF(side, side));
