@@ -283,7 +283,7 @@ void benchLibrary(const QString &programFolder)
         w.state().LibPath = base + "/" + variant;
         QElapsedTimer clock;
         double cpuStart = 0;
-        std::vector<double> opens, steps, cpus;
+        std::vector<double> opens, steps, cpus, stepCpus;
         bool whole = true;
         services.onModal = [&](QDialog &dialog) {
             auto &d = static_cast<libfrm &>(dialog);
@@ -292,9 +292,11 @@ void benchLibrary(const QString &programFolder)
             opens.push_back(double(clock.nsecsElapsed()) / 1000.0);
             cpus.push_back(cpuUs() - cpuStart);
             clock.start();
+            const double stepStart = cpuUs();
             d.libscroll->triggerAction(QAbstractSlider::SliderSingleStepAdd);
             d.repaint();
             steps.push_back(double(clock.nsecsElapsed()) / 1000.0);
+            stepCpus.push_back(cpuUs() - stepStart);
             for (const LibImage *img : d.libimg)
                 whole = whole && !img->Tag.isEmpty() && img->Problem.isEmpty();
         };
@@ -307,7 +309,7 @@ void benchLibrary(const QString &programFolder)
             clock.start();
             w.cb_lib_Click();
         }
-        for (std::vector<double> *v : { &opens, &steps, &cpus })
+        for (std::vector<double> *v : { &opens, &steps, &cpus, &stepCpus })
             std::sort(v->begin() + 1, v->end());
         const bool exif = variant[0] == 'e';
         row(exif ? "open to six thumbnails, EXIF thumbnails (ms)"
@@ -318,6 +320,8 @@ void benchLibrary(const QString &programFolder)
             "wall time of the open (ms)", opens[1 + runs / 2] / 1000);
         row(exif ? "one step right, EXIF thumbnails (ms)" : "one step right, no EXIF thumbnail (ms)",
             steps[1 + runs / 2] / 1000, "ms", "plain decode of the 2 new (ms)", plainTwo / 1000);
+        row("  processor time of the step, all threads (ms)", stepCpus[1 + runs / 2] / 1000, "ms",
+            "wall time of the step (ms)", steps[1 + runs / 2] / 1000);
         row(exif ? "peak rise, open + step, EXIF (MiB)" : "peak rise, open + step, no EXIF (MiB)", mem, "MiB",
             "plain decode of 6 (MiB)", plainMem);
         if (!whole)
