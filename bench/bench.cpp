@@ -1,8 +1,11 @@
 // Benchmarks: picture loading, board redraws, moves, the scramble and start-up. Each figure is printed
 // with a baseline measured in the same run, so the ratios hold whatever the machine's speed.
 #include "app/vxmain.h"
+#include "cameralibrary.h"
 #include "gifwriter.h"
 #include "picturegen.h"
+#include "pictures/libfrm.h"
+#include "pictures/librarymodel.h"
 #include "platform/picturebox.h"
 #include "play/fitting.h"
 #include "render/picturefile.h"
@@ -14,9 +17,12 @@
 #include <QImageWriter>
 #include <QPainter>
 #include <QProcess>
+#include <QScrollBar>
 #include <QTemporaryDir>
+#include <QThread>
 #include <algorithm>
 #include <cstdio>
+#include <ctime>
 #include <functional>
 #include <malloc.h>
 
@@ -55,9 +61,13 @@ struct BenchPlatform : MessageBoxes, FileDialogs, Pointers, EventPump, ModalRunn
     {
         return m_now;
     }
-    void exec(QDialog &) override
+    void exec(QDialog &dialog) override
     {
+        if (onModal)
+            onModal(dialog);
     }
+    // What the benchmark does with a modal window instead of waiting for a player.
+    std::function<void(QDialog &)> onModal;
     Platform platform()
     {
         return Platform { *this, *this, *this, *this, *this };
@@ -273,6 +283,91 @@ void benchStore(vxmain &w)
     const double command = medianUs(51, [&] { w.cb_load_Click(); });
     const double picture = medianUs(51, [&] { w.LoadPic(QStringLiteral("Load")); });
     row("load command with its picture (ms)", command / 1000, "ms", "LoadPic alone (ms)", picture / 1000);
+// The processor time of the whole process (all threads) so far.
+double cpuUs()
+{
+    timespec t {};
+    clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &t);
+    return double(t.tv_sec) * 1e6 + double(t.tv_nsec) / 1e3;
+}
+
+// The library window over 100 camera pictures: "Image Library" until six thumbnails show, then one step
+// right (two new files), against the plain way: each file decoded whole and scaled smoothly.
+void benchLibrary(const QString &programFolder)
+{
+    std::printf(
+        "Picture library of %d camera pictures, 6000 x 4000 JPEG q90, thumbnails 112 x 84, %d cores\n",
+        cameralibrary::Count, QThread::idealThreadCount());
+    const QString base = QCoreApplication::applicationDirPath() + "/../bench-library";
+    if (!cameralibrary::ensure(base)) {
+        std::printf("  cannot make the camera pictures in %s\n", qPrintable(base));
+        return;
+    }
+    const QStringList names = library::listFiles(base + "/plain");
+    const auto plain = [&](int from, int count) {
+        return [&, from, count] {
+            for (int i = from; i < from + count; ++i)
+                QImage(base + "/plain/" + names[i])
+                    .scaled(112, 84, Qt::IgnoreAspectRatio, Qt::SmoothTransformation)
+                    .isNull();
+        };
+    };
+    QFile load(QStringLiteral("/proc/loadavg"));
+    if (load.open(QIODevice::ReadOnly))
+        std::printf("  load average while measuring: %s\n", load.readAll().split(' ').first().constData());
+    const int runs = 7;
+    const double plainSix = medianUs(3, plain(0, 6)), plainTwo = medianUs(3, plain(6, 2));
+    const double plainMem = peakRiseMiB(plain(0, 6));
+    BenchPlatform services;
+    vxmain w(services.platform(), programFolder);
+    for (const char *variant : { "exif", "plain" }) {
+        w.state().LibPath = base + "/" + variant;
+        QElapsedTimer clock;
+        double cpuStart = 0;
+        std::vector<double> opens, steps, cpus, stepCpus;
+        bool whole = true;
+        services.onModal = [&](QDialog &dialog) {
+            auto &d = static_cast<libfrm &>(dialog);
+            d.show();
+            QApplication::processEvents();
+            opens.push_back(double(clock.nsecsElapsed()) / 1000.0);
+            cpus.push_back(cpuUs() - cpuStart);
+            clock.start();
+            const double stepStart = cpuUs();
+            d.libscroll->triggerAction(QAbstractSlider::SliderSingleStepAdd);
+            d.repaint();
+            steps.push_back(double(clock.nsecsElapsed()) / 1000.0);
+            stepCpus.push_back(cpuUs() - stepStart);
+            for (const LibImage *img : d.libimg)
+                whole = whole && !img->Tag.isEmpty() && img->Problem.isEmpty();
+        };
+        const double mem = peakRiseMiB([&] {
+            clock.start();
+            w.cb_lib_Click();
+        });
+        for (int run = 0; run < runs; ++run) {
+            cpuStart = cpuUs();
+            clock.start();
+            w.cb_lib_Click();
+        }
+        for (std::vector<double> *v : { &opens, &steps, &cpus, &stepCpus })
+            std::sort(v->begin() + 1, v->end());
+        const bool exif = variant[0] == 'e';
+        row(exif ? "open to six thumbnails, EXIF thumbnails (ms)"
+                 : "open to six thumbnails, no EXIF thumbnail (ms)",
+            opens[1 + runs / 2] / 1000, "ms", "plain decode of the 6 files (ms)", plainSix / 1000);
+        // Under other load the wall time grows; the processor time of all threads does not.
+        row("  processor time of the open, all threads (ms)", cpus[1 + runs / 2] / 1000, "ms",
+            "wall time of the open (ms)", opens[1 + runs / 2] / 1000);
+        row(exif ? "one step right, EXIF thumbnails (ms)" : "one step right, no EXIF thumbnail (ms)",
+            steps[1 + runs / 2] / 1000, "ms", "plain decode of the 2 new (ms)", plainTwo / 1000);
+        row("  processor time of the step, all threads (ms)", stepCpus[1 + runs / 2] / 1000, "ms",
+            "wall time of the step (ms)", steps[1 + runs / 2] / 1000);
+        row(exif ? "peak rise, open + step, EXIF (MiB)" : "peak rise, open + step, no EXIF (MiB)", mem, "MiB",
+            "plain decode of 6 (MiB)", plainMem);
+        if (!whole)
+            std::printf("  some thumbnails did not show\n");
+    }
 }
 
 } // namespace
@@ -296,5 +391,6 @@ int main(int argc, char **argv)
     picturegen::scene(QSize(1024, 768), 3).save(picture, "JPEG", 90);
     benchPlay(w, picture);
     benchStore(w);
+    benchLibrary(dir.path());
     return 0;
 }

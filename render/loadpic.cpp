@@ -1,5 +1,6 @@
 // LoadPic: a picture file onto the board (mode "Load") or into the picture library (mode "Lib").
 #include "app/vxmain.h"
+#include "pictures/librarymodel.h"
 #include "platform/picturebox.h"
 #include "play/fitting.h"
 #include "render/picturefile.h"
@@ -13,7 +14,6 @@
 namespace
 {
 const QString OpenError = QStringLiteral("Open - ERROR");
-const QString LibPrefix = QStringLiteral("VX_");
 
 // Replaces a file only once the new one is whole, so a failed write loses nothing.
 bool writeWhole(const QString &target, const std::function<bool(QIODevice &)> &write)
@@ -76,8 +76,7 @@ bool vxmain::storeInLibrary()
         m_platform.messages.show(header.error, OpenError, MsgStyle::Critical);
         return false;
     }
-    const QString name = s.OpenTitle.left(3).toUpper() == LibPrefix ? s.OpenTitle : LibPrefix + s.OpenTitle;
-    const QString target = s.LibPath + QLatin1Char('/') + name;
+    const QString target = s.LibPath + QLatin1Char('/') + library::storedName(s.OpenTitle);
     if (s.OpenTitle.right(3).toLower() == QLatin1String("bmp")) {
         // BMP pictures are stored at board size.
         QString error;

@@ -159,8 +159,13 @@ namespace
     {
         reader.setAutoTransform(true);
         reader.setDecideFormatFromContent(true);
-        // Above the pixel check, so that only real pictures reach the allocation.
-        QImageReader::setAllocationLimit(1024);
+        // Above the pixel check, so that only real pictures reach the allocation. Set once: library
+        // thumbnails are read on several threads at a time.
+        static const bool limited = [] {
+            QImageReader::setAllocationLimit(1024);
+            return true;
+        }();
+        Q_UNUSED(limited);
     }
 
     // Pictures with transparency are shown over white; the board keeps 32-bit RGB.

@@ -1,0 +1,127 @@
+// Thumbnails from the embedded EXIF picture when there is a good one, otherwise from the decoder's own
+// reduced-size decoding (libjpeg's 1/8 scale for JPEG), spread over the cores with a shared counter.
+#include "pictures/thumbnail.h"
+
+#include "pictures/exifthumbnail.h"
+#include "render/picturefile.h"
+
+#include <QBuffer>
+#include <QFile>
+#include <QImageReader>
+#include <QPainter>
+#include <QThread>
+#include <QTransform>
+#include <atomic>
+#include <cmath>
+#include <thread>
+
+namespace thumbnail
+{
+namespace
+{
+    // The reader applies the orientation by mirroring first and then turning; the embedded picture is
+    // stored the way the main picture is, so it gets the same treatment.
+    QImage oriented(QImage img, QImageIOHandler::Transformations t)
+    {
+        const bool mirror = t & QImageIOHandler::TransformationMirror;
+        const bool flip = t & QImageIOHandler::TransformationFlip;
+        if (mirror || flip)
+            img = img.mirrored(mirror, flip);
+        if (t & QImageIOHandler::TransformationRotate90)
+            img = img.transformed(QTransform().rotate(90));
+        return img;
+    }
+
+    // The embedded thumbnail, or a null image when there is none that would look right at size.
+    QImage fromEmbedded(const QString &path, QSize size)
+    {
+        QFile file(path);
+        if (!file.open(QIODevice::ReadOnly))
+            return {};
+        const uchar *data = file.map(0, file.size());
+        if (!data)
+            return {};
+        const std::optional<exif::Range> range
+            = exif::embeddedThumbnail(QByteArrayView(reinterpret_cast<const char *>(data), file.size()));
+        if (!range)
+            return {};
+        QImageReader main(path);
+        const QSize mainSize = main.size();
+        const QImageIOHandler::Transformations t = main.transformation();
+        QByteArray bytes
+            = QByteArray::fromRawData(reinterpret_cast<const char *>(data) + range->offset, range->length);
+        QBuffer buffer(&bytes);
+        buffer.open(QIODevice::ReadOnly);
+        QImageReader reader(&buffer, "jpeg");
+        QSize thumbSize = reader.size();
+        if (!mainSize.isValid() || !thumbSize.isValid() || thumbSize.isEmpty())
+            return {};
+        // A thumbnail with bars, or of another crop, is not the picture the board will show.
+        const double ratio = double(thumbSize.width()) / thumbSize.height();
+        const double mainRatio = double(mainSize.width()) / mainSize.height();
+        if (std::abs(ratio / mainRatio - 1.0) > 0.03)
+            return {};
+        if (t & QImageIOHandler::TransformationRotate90)
+            thumbSize.transpose();
+        if (thumbSize.width() < size.width() || thumbSize.height() < size.height())
+            return {};
+        const QImage img = reader.read();
+        if (img.isNull())
+            return {};
+        return oriented(img, t)
+            .scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation)
+            .convertToFormat(QImage::Format_RGB32);
+    }
+} // namespace
+
+Thumb decode(const QString &path, QSize size)
+{
+    // The checks that refuse a file for the board refuse it here too, before anything is decoded.
+    const picturefile::Header header = picturefile::probe(path);
+    if (!header.error.isEmpty())
+        return { unreadableMark(size), header.error };
+    if (QImage img = fromEmbedded(path, size); !img.isNull())
+        return { img, {} };
+    QString error;
+    QImage img = picturefile::decodeScaled(path, size, &error);
+    if (img.isNull())
+        return { unreadableMark(size), error };
+    return { img, {} };
+}
+
+std::vector<Thumb> decodeAll(const QStringList &paths, QSize size)
+{
+    std::vector<Thumb> out(paths.size());
+    std::atomic<qsizetype> next = 0;
+    const auto work = [&] {
+        for (qsizetype i; (i = next++) < paths.size();)
+            out[i] = decode(paths[i], size);
+    };
+    // The calling thread takes its share; one helper for each further core.
+    const qsizetype helpers = std::min<qsizetype>(paths.size(), QThread::idealThreadCount()) - 1;
+    std::vector<std::thread> threads;
+    for (qsizetype i = 0; i < helpers; ++i)
+        threads.emplace_back(work);
+    work();
+    for (std::thread &t : threads)
+        t.join();
+    return out;
+}
+
+QImage unreadableMark(QSize size)
+{
+    QImage img(size, QImage::Format_RGB32);
+    img.fill(QColor(236, 232, 224));
+    QPainter p(&img);
+    p.setRenderHint(QPainter::Antialiasing);
+    p.setPen(QPen(QColor(90, 90, 90), 2));
+    p.drawRect(QRectF(img.rect()).adjusted(1, 1, -1, -1));
+    const int side = std::min(size.width(), size.height()) / 2;
+    const QRectF cross(QPointF(size.width() - side, size.height() - side) / 2, QSizeF(side, side));
+    p.setPen(QPen(QColor(208, 40, 32), 5, Qt::SolidLine, Qt::RoundCap));
+    p.drawLine(cross.topLeft(), cross.bottomRight());
+    p.drawLine(cross.topRight(), cross.bottomLeft());
+    return img;
+}
+
+} // namespace thumbnail
