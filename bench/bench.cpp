@@ -283,6 +283,8 @@ void benchStore(vxmain &w)
     const double command = medianUs(51, [&] { w.cb_load_Click(); });
     const double picture = medianUs(51, [&] { w.LoadPic(QStringLiteral("Load")); });
     row("load command with its picture (ms)", command / 1000, "ms", "LoadPic alone (ms)", picture / 1000);
+}
+
 // The processor time of the whole process (all threads) so far.
 double cpuUs()
 {
