@@ -80,9 +80,8 @@ void dropAt(vxmain &w, QPoint p, Qt::MouseButton button = Qt::LeftButton)
 // No drag under way: the pointer free, the board and every tray box enabled, no drag image.
 bool idle(const vxmain &w)
 {
-    const auto enabled = [](const QWidget *box) { return box->isEnabled(); };
-    return w.vxrz->isEnabled() && std::all_of(w.vxpcs.begin(), w.vxpcs.end(), enabled)
-        && !w.vxdrag->isVisible() && !QWidget::mouseGrabber() && w.state().DragIdx < 0;
+    return w.vxrz->isEnabled() && !w.vxdrag->isVisible() && !QWidget::mouseGrabber() && w.state().DragIdx < 0
+        && std::all_of(w.vxpcs.begin(), w.vxpcs.end(), [](const QWidget *b) { return b->isEnabled(); });
 }
 
 enum Interruption { KeyOnSize, KeyOnHint, KeyOnType, KeyOnNew, ClickOnScramble, Deactivated, Hidden };
@@ -111,14 +110,15 @@ private slots:
         // The pointer: this offset from the board's top-left corner, plus ends times its width and height.
         QTest::addColumn<QPointF>("pointer");
         QTest::addColumn<QPoint>("ends");
-        QTest::addColumn<int>("to"); // -1: place 0 if the board's left is even, else back
+        QTest::addColumn<int>("to"); // -1 - p: place p if the drop point rounds inside, else back
         QTest::newRow("pointer 3 px inside left edge") << QPointF(3, 50) << QPoint(0, 0) << 5;
         QTest::newRow("pointer 3 px inside top edge") << QPointF(50, 3) << QPoint(0, 0) << 5;
         QTest::newRow("drop point at left + width") << QPointF(4, 50) << QPoint(1, 0) << 5;
         QTest::newRow("drop point at top + height") << QPointF(50, 4) << QPoint(0, 1) << 5;
         QTest::newRow("drop point on first pixel") << QPointF(4, 4) << QPoint(0, 0) << 0;
         QTest::newRow("drop point on last pixel") << QPointF(3, 3) << QPoint(1, 1) << 15;
-        QTest::newRow("half pixel rounds to even") << QPointF(3.5, 4) << QPoint(0, 0) << -1;
+        QTest::newRow("half pixel before left edge") << QPointF(3.5, 4) << QPoint(0, 0) << -1;
+        QTest::newRow("half pixel before right edge") << QPointF(3.5, 50) << QPoint(1, 0) << -4;
     }
     void dropPointDecidesTarget()
     {
@@ -132,7 +132,9 @@ private slots:
         lift(g.w, 5);
         g.w.Form_MouseUp(board.x() + ends.x() * board.width() + pointer.x(),
             board.y() + ends.y() * board.height() + pointer.y());
-        QVERIFY(tablesShown(g.w, before, 5, to >= 0 ? to : board.x() % 2 == 0 ? 0 : 5));
+        if (to < 0) // halves round to the even neighbour: onto the edge when it is even
+            to = (board.x() + ends.x() * board.width()) % 2 == ends.x() ? -1 - to : 5;
+        QVERIFY(tablesShown(g.w, before, 5, to));
     }
 
     // Any button lifts a piece: the holder then looks empty, the grid is drawn round it, the board and the
@@ -178,8 +180,7 @@ private slots:
             QCOMPARE(w.vxdrag->pos(), QPoint(298, 198));
         }
         dropAt(w, holderPoint(w, 0), Qt::MouseButton(button));
-        QVERIFY(idle(w));
-        QVERIFY(tablesShown(w, before, holder, hint ? holder : 0));
+        QVERIFY(idle(w) && tablesShown(w, before, holder, hint ? holder : 0));
     }
 
     // While a piece is lifted nothing but the pointer acts on the game: the commands, by keyboard or by
@@ -224,8 +225,7 @@ private slots:
         }
         dropAt(w, holderPoint(w, 0));
         QVERIFY(g.s().InPlay && !g.s().HintMode && g.s().PuzType == Codes::Drag);
-        QVERIFY(idle(w));
-        QVERIFY(tablesShown(w, before, act >= Deactivated ? 0 : 35, 0));
+        QVERIFY(idle(w) && tablesShown(w, before, act >= Deactivated ? 0 : 35, 0));
     }
 
     // Whatever the lifts (an empty holder lifts nothing) and drops, the tables stay whole and the board

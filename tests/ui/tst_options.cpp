@@ -18,15 +18,11 @@ bool trayShown(const vxmain &w, int count)
         w.vxpcs.begin(), w.vxpcs.end(), [&](const QWidget *b) { return b->isVisible() == (i++ < count); });
 }
 
-// Runs the size command with a script played on the dialog; with n, the script picks n x n and confirms.
+// Runs the size command with a script played on the dialog.
 void resizeWith(Game &g, std::function<void(rzfrm &)> script)
 {
     g.tp.modals.script = [script](QDialog &d) { script(static_cast<rzfrm &>(d)); };
     g.w.cb_resize_Click();
-}
-void resizeWith(Game &g, int n)
-{
-    resizeWith(g, [n](rzfrm &d) { d.szopt[n - 2]->click(), d.cb_ok->click(); });
 }
 
 // Parks the piece of place 0 in tray box k (the tables then differ from any fresh scramble).
@@ -120,7 +116,7 @@ private slots:
         QTest::addColumn<bool>("picture");
         QTest::newRow("slide, 11") << Codes::Slide << 11 << true;
         QTest::newRow("drag, 8") << Codes::Drag << 8 << true;
-        QTest::newRow("drag, 3, no picture") << Codes::Drag << 3 << false;
+        QTest::newRow("drag, 2, no picture") << Codes::Drag << 2 << false;
     }
     void newSizeLaysOutAndStartsNewPuzzle()
     {
@@ -134,16 +130,11 @@ private slots:
         vxmain &w = g.w;
         const PuzzleState &s = w.state();
         park(w, 5);
-        resizeWith(g, n);
+        resizeWith(g, [n](rzfrm &d) { d.szopt[n - 2]->click(), d.cb_ok->click(); });
         QVERIFY(s.TileTotal == n * n && s.InPlay == picture && trayShown(w, type == Codes::Drag ? n : 0));
         QCOMPARE(w.vxrz->size(), QSize(s.TileW * n + 1, s.TileH * n + 1));
         resizeWith(g, [n](rzfrm &d) { QVERIFY(d.szopt[n - 2]->isChecked()); });
-        if (!picture)
-            return;
-        QVERIFY(int(s.Board.size()) == n * n + 1 && s.InPlace == s.countInPlace() && s.InPlace < s.TileTotal);
-        for (int p = 0; p < s.TileTotal; ++p)
-            QVERIFY((p == s.BlankPos && type == Codes::Slide) || placeShowsRecord(w, p));
-        if (type == Codes::Drag) {
+        if (picture && type == Codes::Drag) {
             park(w, n - 1);
             QTest::mousePress(w.vxpcs[n - 1], Qt::LeftButton); // a disabled box takes no press
             QCOMPARE(s.DragIdx, Integer(n - 1));
