@@ -146,6 +146,9 @@ private:
     void drawTrayHeld();
     void liftFromBoard(Integer P, float X, float Y);
     void startDrag();
+    // Ends a drag whatever ends it: the pointer released, the boxes enabled, the drag image hidden.
+    // Returns the holder the piece was lifted from.
+    int endDrag();
     void dropOnBoard(const QPoint &point, int S);
     void dropOnTray(int k, int S);
     void putBack(int S);

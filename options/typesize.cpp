@@ -31,9 +31,13 @@ void vxmain::cb_type_Click()
     if (s.InPlay) {
         hideFrameBars();
         s.InPlay = false;
-        // A picture that can no longer be read leaves an empty board and no puzzle.
-        if (!LoadPic(QStringLiteral("Load")))
+        // A picture that can no longer be read (LoadPic has told why) leaves an empty board, empty tray
+        // boxes and no picture, so that no scramble cuts tiles from a picture that is gone.
+        if (!LoadPic(QStringLiteral("Load"))) {
+            s.PicFile.clear();
+            vxrz->clearPicture();
             ScrResize();
+        }
     } else {
         ScrResize();
     }

@@ -4,7 +4,36 @@
 #include "platform/picturebox.h"
 #include "play/moves.h"
 
-#include <QGuiApplication>
+#include <QEvent>
+#include <functional>
+
+namespace
+{
+// Watches the window for the events after which the pointer no longer reaches it (deactivated or
+// hidden) and reports them; it acts on the game only through the callback.
+class PointerLossWatch : public QObject
+{
+public:
+    PointerLossWatch(QObject *window, std::function<void(QObject *)> lost)
+        : QObject(window)
+        , m_lost(std::move(lost))
+    {
+        setObjectName(QStringLiteral("pointerLossWatch"));
+        window->installEventFilter(this);
+    }
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override
+    {
+        if (event->type() == QEvent::WindowDeactivate || event->type() == QEvent::Hide)
+            m_lost(watched);
+        return false;
+    }
+
+private:
+    std::function<void(QObject *)> m_lost;
+};
+} // namespace
 
 void vxmain::liftFromBoard(Integer P, float X, float Y)
 {
@@ -53,10 +82,27 @@ void vxmain::startDrag()
     vxrz->setEnabled(false);
     for (int i = 0; i < m_state.GridN; ++i)
         vxpcs[i]->setEnabled(false);
-    // Moves and the release reach the window wherever the pointer goes until the drop. (The offscreen
-    // platform of the tests has no pointer to grab; events are delivered to the window directly there.)
-    if (QGuiApplication::platformName() != QLatin1String("offscreen"))
-        m_client->grabMouse();
+    // Moves and the release reach the window wherever the pointer goes until the drop.
+    m_client->grabMouse();
+    if (!findChild<QObject *>(QStringLiteral("pointerLossWatch"), Qt::FindDirectChildrenOnly))
+        new PointerLossWatch(this, [this](QObject *window) {
+            // The cast fails once the window is being destroyed (its hide then must not touch the game).
+            if (qobject_cast<vxmain *>(window) && m_state.DragIdx >= 0)
+                putBack(endDrag());
+        });
+}
+
+int vxmain::endDrag()
+{
+    const int S = m_state.DragIdx;
+    m_state.DragIdx = -1;
+    if (QWidget::mouseGrabber() == m_client)
+        m_client->releaseMouse();
+    vxrz->setEnabled(true);
+    vxdrag->hide();
+    for (PictureBox *box : vxpcs)
+        box->setEnabled(true);
+    return S;
 }
 
 void vxmain::Form_MouseMove(float X, float Y)
@@ -69,19 +115,12 @@ void vxmain::Form_MouseMove(float X, float Y)
 void vxmain::Form_MouseUp(float X, float Y)
 {
     PuzzleState &s = m_state;
-    if (s.HintMode || s.DragIdx < 0)
+    if (s.DragIdx < 0)
         return;
-    const int S = s.DragIdx;
-    s.DragIdx = -1;
-    if (QWidget::mouseGrabber() == m_client)
-        m_client->releaseMouse();
-    vxrz->setEnabled(true);
-    vxdrag->hide();
+    const int S = endDrag();
     std::vector<QRect> tray;
-    for (int i = 0; i < s.GridN; ++i) {
-        vxpcs[i]->setEnabled(true);
+    for (int i = 0; i < s.GridN; ++i)
         tray.push_back(vxpcs[i]->geometry());
-    }
     const DropTarget target = findDropTarget(QPointF(X, Y), vxrz->geometry(), tray);
     s.PosX = Integer(target.point.x());
     s.PosY = Integer(target.point.y());
