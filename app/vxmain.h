@@ -163,6 +163,7 @@ private:
     bool storeInLibrary();
     // The saved puzzle: a checked file taken over and drawn; a picture that fails leaves no puzzle.
     void showLoaded(const puzzlefile::SavedPuzzle &saved);
+    // A picture that is gone: no puzzle, no picture, an empty board without its frame.
     void endWithoutPuzzle();
 
     Platform m_platform;

@@ -34,8 +34,7 @@ void vxmain::cb_type_Click()
         // A picture that can no longer be read (LoadPic has told why) leaves an empty board, empty tray
         // boxes and no picture, so that no scramble cuts tiles from a picture that is gone.
         if (!LoadPic(QStringLiteral("Load"))) {
-            s.PicFile.clear();
-            vxrz->clearPicture();
+            endWithoutPuzzle();
             ScrResize();
         }
     } else {
