@@ -3,7 +3,6 @@
 #pragma once
 
 #include <QApplication>
-#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QImage>
@@ -11,50 +10,25 @@
 #include <QScreen>
 #include <QTemporaryDir>
 #include <QTest>
-#include <QThread>
 
-// A private Xvfb server for the test.
-class XServer
-{
-public:
-    // Starts Xvfb on the first free display from :90 and waits until it accepts clients.
-    bool start(const QString &screen = QStringLiteral("1280x1024x24"))
+// A private 1280 x 1024 Xvfb server for the test, on a display it picks itself and names once it takes
+// clients; ended with the test.
+struct XServer {
+    QProcess proc;
+    QString display;
+    bool start()
     {
-        for (int n = 90; n < 140; ++n) {
-            if (QFile::exists(QStringLiteral("/tmp/.X%1-lock").arg(n))
-                || QFile::exists(QStringLiteral("/tmp/.X11-unix/X%1").arg(n)))
-                continue;
-            m_display = QStringLiteral(":%1").arg(n);
-            m_proc.start(QStringLiteral("Xvfb"),
-                { m_display, QStringLiteral("-screen"), QStringLiteral("0"), screen,
-                    QStringLiteral("-nolisten"), QStringLiteral("tcp") });
-            if (!m_proc.waitForStarted(5000))
-                return false;
-            for (int i = 0; i < 100; ++i) {
-                if (QFile::exists(QStringLiteral("/tmp/.X11-unix/X%1").arg(n)))
-                    return true;
-                if (m_proc.state() != QProcess::Running)
-                    break;
-                QThread::msleep(50);
-            }
-            m_proc.kill();
-            m_proc.waitForFinished();
-        }
-        return false;
-    }
-    QString display() const
-    {
-        return m_display;
+        proc.start(QStringLiteral("Xvfb"),
+            { "-displayfd", "1", "-screen", "0", "1280x1024x24", "-nolisten", "tcp" });
+        display
+            = proc.waitForReadyRead(10000) ? ":" + QString::fromLatin1(proc.readLine()).trimmed() : QString();
+        return !display.isEmpty();
     }
     ~XServer()
     {
-        m_proc.terminate();
-        m_proc.waitForFinished(3000);
+        proc.terminate();
+        proc.waitForFinished(3000);
     }
-
-private:
-    QProcess m_proc;
-    QString m_display;
 };
 
 inline QString xdotool(const QStringList &args)
@@ -101,16 +75,30 @@ public:
         }
         return false;
     }
-    void stop()
-    {
-        if (game.state() != QProcess::NotRunning) {
-            game.kill();
-            game.waitForFinished();
-        }
-    }
     ~RealGame()
     {
-        stop();
+        game.kill();
+        game.waitForFinished();
+    }
+    // Waits until a window with this name (a message box, a dialog) is mapped and ready for keys.
+    static void waitFor(const QString &name)
+    {
+        QTRY_VERIFY_WITH_TIMEOUT(windowNamed(name), 10000);
+        QTest::qWait(300);
+    }
+    static void answer(const QString &name, const QString &key = QStringLiteral("Return"))
+    {
+        waitFor(name);
+        xdotool({ QStringLiteral("key"), key });
+    }
+    // "Open Image" through the real dialog, the path typed; the picture loads and its frame grows.
+    void open(const QString &path)
+    {
+        command(0);
+        waitFor(QStringLiteral("Open|Graphic|Files"));
+        xdotool({ "type", "--delay", "10", path });
+        xdotool({ "key", "Return" });
+        QTest::qWait(1500);
     }
 
     // The whole screen after the window has settled; saved as build/tests/realwindow-NAME.png.
@@ -177,7 +165,7 @@ public:
             qCritical("cannot start Xvfb");                                                                  \
             return 1;                                                                                        \
         }                                                                                                    \
-        qputenv("DISPLAY", x.display().toLocal8Bit());                                                       \
+        qputenv("DISPLAY", x.display.toLocal8Bit());                                                         \
         qputenv("QT_QPA_PLATFORM", "xcb");                                                                   \
         QApplication app(argc, argv);                                                                        \
         TestClass test;                                                                                      \

@@ -1,5 +1,6 @@
 // The real program in a real X window under Xvfb, driven as a person would: with the mouse and the
-// keyboard through xdotool, looked at through screenshots.
+// keyboard through xdotool, looked at through screenshots. One game from start to exit, a saved puzzle
+// brought back in the next run, then the library window.
 #include "picturegen.h"
 #include "realgame.h"
 
@@ -7,11 +8,13 @@ class RealWindowTest : public QObject
 {
     Q_OBJECT
     RealGame g;
+    const QPoint lib { 164, 87 }; // the library window's top-left, where Qt centres it over the game
 
 private slots:
-    // The program starts from its own folder; the build's program is copied there.
+    // The program starts from its own folder, the build's program and starter pictures copied there.
     void initTestCase()
     {
+        QVERIFY(QProcess::execute("cp", { "-r", QFileInfo(VARNO_EXE).path() + "/lib", g.home.path() }) == 0);
         QVERIFY(g.start());
     }
 
@@ -29,7 +32,6 @@ private slots:
         QCOMPARE(g.at(img, 146, 109), qRgb(255, 192, 192) & 0xFFFFFF); // board
         QCOMPARE(g.at(img, 662, 499), qRgb(255, 192, 192) & 0xFFFFFF); // board's last pixel
         QCOMPARE(g.at(img, 20, 300), 0u); // black window
-        QVERIFY(QFileInfo(g.home.filePath("lib")).isDir());
     }
 
     // "Open Image": the real dialog takes a typed path; the picture fills the board, framed in red.
@@ -37,12 +39,7 @@ private slots:
     {
         const QString path = g.home.filePath("photo.jpg");
         QVERIFY(picturegen::pattern(QSize(1024, 768), 4).save(path, "JPEG", 95));
-        g.command(0);
-        QTRY_VERIFY_WITH_TIMEOUT(windowNamed("Open|Graphic|Files"), 10000);
-        QTest::qWait(300);
-        xdotool({ "type", "--delay", "10", path });
-        xdotool({ "key", "Return" });
-        QTest::qWait(1500); // the picture loads and the frame grows for about half a second
+        g.open(path);
         const QImage img = g.shot("opened");
         QCOMPARE(g.at(img, 140, 103), qRgb(255, 0, 0) & 0xFFFFFF); // the red frame's top-left corner
         QCOMPARE(g.at(img, 140 + 528, 103 + 399), qRgb(255, 0, 0) & 0xFFFFFF); // and its bottom-right one
@@ -87,9 +84,7 @@ private slots:
     void dragPiecesInDragPuzzle()
     {
         g.command(110);
-        QTRY_VERIFY_WITH_TIMEOUT(windowNamed("Change Puzzle Type"), 10000);
-        QTest::qWait(300);
-        xdotool({ "key", "Return" }); // Yes is the default answer
+        g.answer("Change Puzzle Type"); // Yes is the default answer
         QTest::qWait(1500);
         g.command(192);
         QTest::qWait(500);
@@ -109,15 +104,55 @@ private slots:
         QCOMPARE(g.tile(img, QPoint(138, 503), t, 0, 6), first);
     }
 
-    // The exit button ends the program.
-    void exitButtonEndsProgram()
+    // "Save Game" writes the puzzle beside the program; Exit offers to save (Yes saves again) and ends the
+    // program; in the next run "Open Saved Game" shows the puzzle as it was, framed.
+    void savedPuzzleComesBackAfterRestart()
     {
+        g.command(82);
+        g.answer("Saved");
+        const QImage saved = g.shot("store-saved");
+        QFile file(g.home.filePath("varno.pzl"));
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        const QByteArray bytes = file.readAll();
+        QCOMPARE(bytes.size(), 127 + g.home.filePath("photo.jpg").toUtf8().size() + 6 * 36);
+        QCOMPARE(bytes.left(13), QByteArray("VARNO01.01D\x06\x00", 13));
         g.command(329);
-        QTRY_VERIFY_WITH_TIMEOUT(windowNamed("Save on Exit"), 10000); // a puzzle is in play: No
-        QTest::qWait(300);
-        xdotool({ "key", "Escape" });
+        g.answer("Save on Exit");
+        g.answer("Saved");
         QVERIFY(g.game.waitForFinished(10000));
         QCOMPARE(g.game.exitCode(), 0);
+        QVERIFY(g.start());
+        g.command(55);
+        const QImage loaded = g.shot("store-loaded", 1500);
+        for (const QRect &r : { QRect(146, 69, 517, 391), QRect(139, 504, 84, 63) }) // board, first tray box
+            QCOMPARE(loaded.copy(r.translated(g.client)), saved.copy(r.translated(g.client)));
+        QCOMPARE(g.at(loaded, 140, 63), qRgb(255, 0, 0) & 0xFFFFFF); // the frame stands round the board
+    }
+
+    // "Image Library", then a double-click on the first thumbnail: its picture in the red frame.
+    void libraryDoubleClickPlaysPicture()
+    {
+        g.command(27);
+        g.waitFor("Picture Library");
+        g.shot("library");
+        g.moveTo(lib + QPoint(85, 70));
+        xdotool({ "click", "--repeat", "2", "--delay", "80", "1" });
+        QTRY_VERIFY_WITH_TIMEOUT(!windowNamed("Picture Library"), 10000);
+        const QImage img = g.shot("library-chosen", 1500);
+        QCOMPARE(g.at(img, 140, 63), qRgb(255, 0, 0) & 0xFFFFFF);
+        QVERIFY(g.at(img, 300, 200) != (qRgb(255, 192, 192) & 0xFFFFFF));
+    }
+
+    // A thumbnail dragged onto the delete symbol with the mouse, and Yes: its file leaves the library.
+    void libraryDragOntoDeleteSymbolDeletes()
+    {
+        const QString gif = g.home.filePath("lib/VX_lighthouse.gif");
+        QVERIFY(QFileInfo::exists(gif));
+        g.command(27);
+        g.waitFor("Picture Library");
+        g.drag(lib + QPoint(85, 185), lib + QPoint(50, 307));
+        g.answer("Delete Image"); // Yes is the default answer
+        QTRY_VERIFY_WITH_TIMEOUT(!QFileInfo::exists(gif), 10000);
     }
 };
 REALWINDOW_MAIN(RealWindowTest)
