@@ -88,11 +88,3 @@ inline QImage expectedInside(const vxmain &w, const TileRec &t, QSize inner)
     blank.fill(BlankColour);
     return blank;
 }
-
-// Place p of the board shows what Board[p] holds.
-inline bool placeShowsRecord(const vxmain &w, int p)
-{
-    const PuzzleState &s = w.state();
-    const QRect r = interior(s, p);
-    return w.vxrz->image().copy(r) == expectedInside(w, s.Board[p], r.size());
-}
