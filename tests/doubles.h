@@ -46,14 +46,10 @@ public:
             return std::nullopt;
         return FileChoice { path, path.section(QLatin1Char('/'), -1) };
     }
-    // A chosen path (its title is the name part).
+    // A chosen path (its title is the name part); a null one cancels.
     void choose(const QString &path)
     {
         paths.push_back(path);
-    }
-    void cancel()
-    {
-        paths.push_back(QString());
     }
     std::deque<QString> paths;
     QStringList filters;
@@ -114,12 +110,10 @@ class ScriptedModals : public ModalRunner
 public:
     void exec(QDialog &dialog) override
     {
-        ++shown;
         if (script)
             script(dialog);
     }
     std::function<void(QDialog &)> script;
-    int shown = 0;
 };
 
 // Everything a test window needs, owned together.

@@ -73,12 +73,6 @@ struct Game {
     }
 };
 
-// The pixels of place p that the grid never covers.
-inline QRect interior(const PuzzleState &s, int p)
-{
-    return QRect(p % s.GridN * s.TileW + 1, p / s.GridN * s.TileH + 1, s.TileW - 1, s.TileH - 1);
-}
-
 // What a holder shows inside its lines: the piece's part of the whole picture, or the blank image.
 inline QImage expectedInside(const vxmain &w, const TileRec &t, QSize inner)
 {
@@ -87,4 +81,30 @@ inline QImage expectedInside(const vxmain &w, const TileRec &t, QSize inner)
     QImage blank(inner, QImage::Format_RGB32);
     blank.fill(BlankColour);
     return blank;
+}
+
+// What holder h shows inside its lines: board places 0 .. TileTotal - 1, then the tray boxes.
+inline QImage insideHolder(const vxmain &w, int h)
+{
+    const PuzzleState &s = w.state();
+    const QRect inner(1, 1, s.TileW - 2, s.TileH - 2);
+    if (h >= s.TileTotal)
+        return w.vxpcs[h - s.TileTotal]->image().copy(inner);
+    return w.vxrz->image().copy(inner.translated(h % s.GridN * s.TileW, h / s.GridN * s.TileH));
+}
+
+// Every board place, and every tray box in use in a drag puzzle, shows its record: its piece, or the
+// blank image where no piece is and where the slide puzzle's blank stands.
+inline bool holdersShowTables(const vxmain &w)
+{
+    const PuzzleState &s = w.state();
+    const bool tray = s.PuzType == Codes::Drag;
+    for (int h = 0; h < s.TileTotal + (tray ? s.GridN : 0); ++h) {
+        TileRec t = h < s.TileTotal ? s.Board[h] : s.Pcs[h - s.TileTotal];
+        if (!tray && h == s.BlankPos)
+            t.Home = -1;
+        if (insideHolder(w, h) != expectedInside(w, t, QSize(s.TileW - 2, s.TileH - 2)))
+            return false;
+    }
+    return true;
 }
