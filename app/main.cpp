@@ -17,8 +17,10 @@ int main(int argc, char *argv[])
     if (!instance.isFirst())
         return 0;
     QApplication::setQuitOnLastWindowClosed(false);
-    const QString folder = chooseProgramFolder(QApplication::applicationDirPath(),
-        QStandardPaths::writableLocation(QStandardPaths::AppDataLocation));
+    const QString exeFolder = QApplication::applicationDirPath();
+    const QString folder
+        = chooseProgramFolder(exeFolder, QStandardPaths::writableLocation(QStandardPaths::AppDataLocation));
+    seedLibrary(folder, starterFolder(exeFolder));
     QtMessageBoxes messages;
     QtFileDialogs files;
     QtPointers pointers;

@@ -9,6 +9,7 @@
 #include <QApplication>
 #include <QDir>
 #include <QFileInfo>
+#include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QWindowStateChangeEvent>
@@ -69,6 +70,8 @@ vxmain::vxmain(const Platform &platform, const QString &programFolder, QWidget *
     pal.setColor(QPalette::Window, Qt::black);
     m_client->setPalette(pal);
     m_client->installEventFilter(this);
+    // Picture files dropped from the file manager open as "Open Image" would open them.
+    setAcceptDrops(true);
     buildControls();
     Form_Load();
     // The caption stays empty on every desktop, not only in Qt's own idea of the title.
@@ -251,4 +254,10 @@ bool vxmain::eventFilter(QObject *watched, QEvent *event)
         }
     }
     return QWidget::eventFilter(watched, event);
+}
+
+void vxmain::keyPressEvent(QKeyEvent *event)
+{
+    if (!Form_KeyDown(event->key()))
+        QWidget::keyPressEvent(event);
 }
