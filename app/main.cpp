@@ -12,6 +12,8 @@ int main(int argc, char *argv[])
     QApplication app(argc, argv);
     QApplication::setApplicationName(QStringLiteral("varno"));
     QApplication::setOrganizationName(QStringLiteral("varno"));
+    // Ties the window to its menu entry and icon on the desktop.
+    QGuiApplication::setDesktopFileName(QStringLiteral("org.varno.varno"));
     // A second start ends at once and silently; the running game is left alone.
     SingleInstance instance;
     if (!instance.isFirst())
