@@ -185,6 +185,8 @@ private:
     QWidget *vxmin = nullptr;
     RandomSource m_random;
     bool m_scrambling = false;
+    // Device pixels to a pixel of the window, rounded up: the density of the boxes' second drawing.
+    int m_fineRatio = 1;
 
 public:
     // Pins the random generator, so that a test can repeat a scramble.

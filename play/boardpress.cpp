@@ -116,7 +116,7 @@ bool vxmain::Form_KeyDown(int key)
 void vxmain::finishSolved()
 {
     FrAnimate();
-    vxrz->setPicture(vxrz_s->image());
+    vxrz->setPicture(*vxrz_s);
     vxrz->repaint();
     m_state.InPlay = false;
 }

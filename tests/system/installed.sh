@@ -32,16 +32,23 @@ Xvfb -displayfd 3 -screen 0 1024x768x24 -nolisten tcp 3>"$work/display" 2>/dev/n
 pids+=($!)
 for _ in $(seq 50); do [ -s "$work/display" ] && break; sleep 0.1; done
 mkdir -p "$work/home"
-env -i PATH="$work/root/usr/bin:$PATH" HOME="$work/home" DISPLAY=":$(cat "$work/display")" \
-    QT_QPA_PLATFORM=xcb $exec_cmd &
-pids+=($!)
+export DISPLAY=":$(cat "$work/display")"
+start() {
+    env -i PATH="$work/root/usr/bin:$PATH" HOME="$work/home" DISPLAY="$DISPLAY" QT_QPA_PLATFORM=xcb $exec_cmd &
+    game=$!
+    pids+=($game)
+    for _ in $(seq 100); do xdotool search --onlyvisible --class varno >/dev/null 2>&1 && break; sleep 0.1; done
+    xdotool search --onlyvisible --class varno >/dev/null || fail "no window"
+    kill -0 "$game" || fail "the game ended"
+}
 lib=$work/home/.local/share/varno/varno/lib
-for _ in $(seq 100); do
-    DISPLAY=":$(cat "$work/display")" xdotool search --onlyvisible --class varno >/dev/null 2>&1 && break
-    sleep 0.1
-done
-DISPLAY=":$(cat "$work/display")" xdotool search --onlyvisible --class varno >/dev/null || fail "no window"
-kill -0 "${pids[1]}" || fail "the game ended"
+start
 [ "$(ls "$lib")" = "$(ls "$work/root/usr/share/varno/lib")" ] || fail "library not seeded: $(ls "$lib")"
 [ "$(ls -A "$work/root/usr/bin")" = "varno" ] || fail "files beside the program: $(ls -A "$work/root/usr/bin")"
+# A starter picture the player deleted does not come back at the next start.
+kill "$game"; wait "$game" 2>/dev/null || true
+gone=$(ls "$lib" | head -n 1)
+rm "$lib/$gone"
+start
+[ ! -e "$lib/$gone" ] || fail "$gone came back"
 echo "1 passed, 0 failed"
