@@ -172,6 +172,8 @@ void PictureBox::paintEvent(QPaintEvent *event)
     const QPoint o(m_border, m_border);
     const QRect drawing = m_image.rect().translated(o);
     const QRect shown = r.intersected(drawing);
+    // A fractional screen ratio shows the next whole one's drawing reduced.
+    p.setRenderHint(QPainter::SmoothPixmapTransform, devicePixelRatioF() != m_ratio);
     if (fine())
         p.drawImage(QRectF(shown), m_fine,
             QRectF(QRectF(shown.translated(-o)).topLeft() * m_ratio, QSizeF(shown.size()) * m_ratio));
@@ -252,5 +254,7 @@ void bitBlt(PictureBox &dst, int dx, int dy, int w, int h, const PictureBox &src
     const int r = dst.fine() ? int(dst.fine()->devicePixelRatio()) : 1;
     if (r > 1 && src.fine() && int(src.fine()->devicePixelRatio()) == r)
         bitBlt(*dst.fine(), dx * r, dy * r, w * r, h * r, *src.fine(), sx * r, sy * r);
+    else if (r > 1) // A source without the same fine drawing can only be enlarged.
+        QPainter(dst.fine()).drawImage(QRect(dx, dy, w, h), src.image(), QRect(sx, sy, w, h));
     dst.refresh(QRect(dx, dy, w, h));
 }
