@@ -3,7 +3,7 @@
 BUILD ?= build
 JOBS ?= $(shell nproc)
 
-.PHONY: all deps build run test bench format clean fuzz
+.PHONY: all deps build run test bench format clean fuzz install package
 
 all: build
 
@@ -25,6 +25,14 @@ test: build
 
 bench: build
 	$(BUILD)/bin/varno_bench
+
+# Installs under PREFIX (default /usr/local; DESTDIR stages it); `make package` writes a .deb into BUILD.
+PREFIX ?= /usr/local
+install: build
+	cmake --install $(BUILD) --prefix $(PREFIX)
+
+package: build
+	cd $(BUILD) && cpack -G DEB
 
 FUZZ_BUILD ?= build-fuzz
 FUZZ_SECONDS ?= 600

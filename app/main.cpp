@@ -12,13 +12,17 @@ int main(int argc, char *argv[])
     QApplication app(argc, argv);
     QApplication::setApplicationName(QStringLiteral("varno"));
     QApplication::setOrganizationName(QStringLiteral("varno"));
+    // Ties the window to its menu entry and icon on the desktop.
+    QGuiApplication::setDesktopFileName(QStringLiteral("org.varno.varno"));
     // A second start ends at once and silently; the running game is left alone.
     SingleInstance instance;
     if (!instance.isFirst())
         return 0;
     QApplication::setQuitOnLastWindowClosed(false);
-    const QString folder = chooseProgramFolder(QApplication::applicationDirPath(),
-        QStandardPaths::writableLocation(QStandardPaths::AppDataLocation));
+    const QString exeFolder = QApplication::applicationDirPath();
+    const QString folder
+        = chooseProgramFolder(exeFolder, QStandardPaths::writableLocation(QStandardPaths::AppDataLocation));
+    seedLibrary(folder, starterFolder(exeFolder));
     QtMessageBoxes messages;
     QtFileDialogs files;
     QtPointers pointers;

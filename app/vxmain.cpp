@@ -9,9 +9,11 @@
 #include <QApplication>
 #include <QDir>
 #include <QFileInfo>
+#include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QWindowStateChangeEvent>
+#include <cmath>
 
 namespace
 {
@@ -69,6 +71,9 @@ vxmain::vxmain(const Platform &platform, const QString &programFolder, QWidget *
     pal.setColor(QPalette::Window, Qt::black);
     m_client->setPalette(pal);
     m_client->installEventFilter(this);
+    m_fineRatio = std::max(int(std::ceil(devicePixelRatioF())), 1);
+    // Picture files dropped from the file manager open as "Open Image" would open them.
+    setAcceptDrops(true);
     buildControls();
     Form_Load();
     // The caption stays empty on every desktop, not only in Qt's own idea of the title.
@@ -115,6 +120,8 @@ void vxmain::buildControls()
     vxdrag = new PictureBox(c, BoardBack);
     vxdrag->setAttribute(Qt::WA_TransparentForMouseEvents);
     vxdrag->hide();
+    for (PictureBox *box : { vxrz_s, vxrz, vxblank, hlpdoc, vxpcs[0], vxdrag })
+        box->setFineRatio(m_fineRatio);
     buildHelpViews();
     connect(
         vxrz, &PictureBox::mousePressed, this, [this](Qt::MouseButton b, Qt::KeyboardModifiers m, QPointF p) {
@@ -157,6 +164,7 @@ void vxmain::Form_Load()
     s.setGridSize(6);
     for (int i = 1; i < Codes::TraySlots; ++i) {
         vxpcs[i] = new PictureBox(m_client, vxpcs[0]->backColor());
+        vxpcs[i]->setFineRatio(m_fineRatio);
         vxpcs[i]->hide();
     }
     for (int i = 0; i < Codes::TraySlots; ++i) {
@@ -251,4 +259,10 @@ bool vxmain::eventFilter(QObject *watched, QEvent *event)
         }
     }
     return QWidget::eventFilter(watched, event);
+}
+
+void vxmain::keyPressEvent(QKeyEvent *event)
+{
+    if (!Form_KeyDown(event->key()))
+        QWidget::keyPressEvent(event);
 }

@@ -63,6 +63,11 @@ public:
     void vxpcs_MouseDown(int Index, Qt::MouseButton button, Qt::KeyboardModifiers shift, float X, float Y);
     void Form_MouseMove(float X, float Y);
     void Form_MouseUp(float X, float Y);
+    // An arrow key in the slide puzzle: the tile on that side of the blank is pressed. False for other keys.
+    bool Form_KeyDown(int key);
+
+    // A picture file dropped on the window from outside: opened as if chosen with "Open Image".
+    void Form_DragDrop(const QString &path);
 
     // Picture selection.
     void PickImageFile();
@@ -133,10 +138,17 @@ protected:
     bool event(QEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
     bool eventFilter(QObject *watched, QEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
+    void dragEnterEvent(QDragEnterEvent *event) override;
+    void dropEvent(QDropEvent *event) override;
 
 private:
     void buildControls();
     void buildCommandBar();
+    // Refuses, with the player told why, a chosen file that is in the library or not a picture by name.
+    bool acceptPicture(const FileChoice &choice);
+    // The accepted OpenFile becomes the picture on the board, or everything stays when it cannot be shown.
+    void openAccepted();
     void hideFrameBars();
     void showFrameBars(bool shown);
     void outlineTrayBox(int i);
@@ -173,6 +185,8 @@ private:
     QWidget *vxmin = nullptr;
     RandomSource m_random;
     bool m_scrambling = false;
+    // Device pixels to a pixel of the window, rounded up: the density of the boxes' second drawing.
+    int m_fineRatio = 1;
 
 public:
     // Pins the random generator, so that a test can repeat a scramble.

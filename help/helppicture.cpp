@@ -104,7 +104,8 @@ void drawPicture(QPainter &p, const QString &name, const QRect &box)
 
 void drawHelpPicture(QImage &img, int stripHeight)
 {
-    const QSize size = img.size();
+    // Measured in the picture's own pixels, whatever the density of the image that holds it.
+    const QSize size = img.deviceIndependentSize().toSize();
     img.fill(Qt::white);
     QFile source(QStringLiteral(":/help/help.txt"));
     if (!source.open(QIODevice::ReadOnly))

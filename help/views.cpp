@@ -26,6 +26,8 @@ void vxmain::buildHelpViews()
     const int line = QFontMetrics(hlpdoc->font(), &hlpdoc->image()).height();
     // Drawn straight into the box's persistent picture, which the closing line is printed onto.
     drawHelpPicture(hlpdoc->image(), line);
+    if (QImage *fine = hlpdoc->fine())
+        drawHelpPicture(*fine, line);
     connect(vxrz_s, &PictureBox::clicked, this, &vxmain::vxrz_s_Click);
     connect(hlpdoc, &PictureBox::clicked, this, &vxmain::hlpdoc_Click);
 }

@@ -1,12 +1,16 @@
 // Face buttons paint their SVG at the device's pixel ratio, so faces stay crisp on any screen.
 #include "platform/facebutton.h"
 
+#include <QKeyEvent>
 #include <QPainter>
 
 FaceButton::FaceButton(QWidget *parent, const QString &facePath, const QString &toolTip)
     : QAbstractButton(parent)
 {
     setToolTip(toolTip);
+    // A screen reader announces the face by its tooltip: the picture has no words of its own.
+    setAccessibleName(toolTip);
+    setAccessibleDescription(toolTip);
     setFocusPolicy(Qt::TabFocus);
     setFace(facePath);
 }
@@ -46,4 +50,19 @@ void FaceButton::leaveEvent(QEvent *event)
     m_hover = false;
     update();
     QAbstractButton::leaveEvent(event);
+}
+
+void FaceButton::keyPressEvent(QKeyEvent *event)
+{
+    // The arrows belong to the board (they slide tiles), not to moving the focus along the bar.
+    switch (event->key()) {
+    case Qt::Key_Left:
+    case Qt::Key_Right:
+    case Qt::Key_Up:
+    case Qt::Key_Down:
+        event->ignore();
+        return;
+    default:
+        QAbstractButton::keyPressEvent(event);
+    }
 }

@@ -3,6 +3,7 @@
 
 #include <QMouseEvent>
 #include <QPainter>
+#include <algorithm>
 #include <cstring>
 
 PictureBox::PictureBox(QWidget *parent, QColor back)
@@ -25,8 +26,33 @@ void PictureBox::setBoxSize(int w, int h)
         next.fill(m_back);
         bitBlt(next, 0, 0, iw, ih, m_image, 0, 0);
         m_image = std::move(next);
+        resizeFine();
     }
     resize(w, h);
+}
+
+void PictureBox::setFineRatio(int ratio)
+{
+    m_ratio = std::max(ratio, 1);
+    m_fine = QImage();
+    resizeFine();
+    if (fine()) {
+        QPainter p(&m_fine);
+        p.drawImage(QPoint(0, 0), m_image);
+    }
+}
+
+void PictureBox::resizeFine()
+{
+    if (m_ratio == 1)
+        return;
+    QImage next(m_image.size() * m_ratio, QImage::Format_RGB32);
+    next.fill(m_back);
+    if (!m_fine.isNull())
+        bitBlt(next, 0, 0, next.width(), next.height(), m_fine, 0, 0);
+    // Painters then measure the drawing in the box's own pixels.
+    next.setDevicePixelRatio(m_ratio);
+    m_fine = std::move(next);
 }
 
 void PictureBox::setBorder(int width)
@@ -39,6 +65,7 @@ void PictureBox::setBorder(int width)
 void PictureBox::clearPicture()
 {
     m_image.fill(m_back);
+    m_fine.fill(m_back);
     m_printY = 0;
     update();
 }
@@ -49,7 +76,18 @@ void PictureBox::setPicture(const QImage &picture)
     const QImage src
         = picture.format() == QImage::Format_RGB32 ? picture : picture.convertToFormat(QImage::Format_RGB32);
     bitBlt(m_image, 0, 0, src.width(), src.height(), src, 0, 0);
+    if (fine()) {
+        m_fine.fill(m_back);
+        QPainter(&m_fine).drawImage(QPoint(0, 0), src);
+    }
     update();
+}
+
+void PictureBox::setPicture(const PictureBox &source)
+{
+    setPicture(source.image());
+    if (fine() && source.m_ratio == m_ratio)
+        bitBlt(m_fine, 0, 0, m_fine.width(), m_fine.height(), source.m_fine, 0, 0);
 }
 
 void PictureBox::stretchDraw(const QImage &picture, const QRect &target)
@@ -59,6 +97,12 @@ void PictureBox::stretchDraw(const QImage &picture, const QRect &target)
     const QImage scaled = picture.scaled(target.size(), Qt::IgnoreAspectRatio, Qt::SmoothTransformation)
                               .convertToFormat(QImage::Format_RGB32);
     bitBlt(m_image, target.x(), target.y(), scaled.width(), scaled.height(), scaled, 0, 0);
+    if (fine()) {
+        // Sampled from the picture's own pixels: a picture decoded at device resolution stays sharp.
+        QPainter p(&m_fine);
+        p.setRenderHint(QPainter::SmoothPixmapTransform);
+        p.drawImage(QRectF(target), picture);
+    }
     refresh(target);
 }
 
@@ -78,8 +122,12 @@ void PictureBox::drawLine(int x1, int y1, int x2, int y2, QRgb color, LineStyle 
         // Dotted: two pixels on, two off, counted from the line's start.
         if (style == LineStyle::Dotted && (i & 2))
             continue;
-        if (x >= 0 && y >= 0 && x < w && y < h)
+        if (x >= 0 && y >= 0 && x < w && y < h) {
             reinterpret_cast<QRgb *>(m_image.scanLine(y))[x] = c;
+            // One pixel of the box is a square of device pixels.
+            for (int fy = y * m_ratio; m_ratio > 1 && fy < (y + 1) * m_ratio; ++fy)
+                std::fill_n(reinterpret_cast<QRgb *>(m_fine.scanLine(fy)) + x * m_ratio, m_ratio, c);
+        }
     }
 }
 
@@ -99,6 +147,12 @@ void PictureBox::printLine(const QString &text, QColor color)
     p.setPen(color);
     const QFontMetrics fm(font(), &m_image);
     p.drawText(QPoint(0, m_printY + fm.ascent()), text);
+    if (fine()) {
+        QPainter f(&m_fine);
+        f.setFont(font());
+        f.setPen(color);
+        f.drawText(QPoint(0, m_printY + fm.ascent()), text);
+    }
     m_printY += fm.height();
     update();
 }
@@ -117,7 +171,14 @@ void PictureBox::paintEvent(QPaintEvent *event)
     const QRect r = event->rect();
     const QPoint o(m_border, m_border);
     const QRect drawing = m_image.rect().translated(o);
-    p.drawImage(r.intersected(drawing).topLeft(), m_image, r.intersected(drawing).translated(-o));
+    const QRect shown = r.intersected(drawing);
+    // A fractional screen ratio shows the next whole one's drawing reduced.
+    p.setRenderHint(QPainter::SmoothPixmapTransform, devicePixelRatioF() != m_ratio);
+    if (fine())
+        p.drawImage(QRectF(shown), m_fine,
+            QRectF(QRectF(shown.translated(-o)).topLeft() * m_ratio, QSizeF(shown.size()) * m_ratio));
+    else
+        p.drawImage(shown.topLeft(), m_image, shown.translated(-o));
     // The widget can be larger than its drawing for a moment while it is being resized.
     for (const QRect &rest : QRegion(r).subtracted(QRegion(drawing)))
         p.fillRect(rest, m_back);
@@ -190,5 +251,10 @@ void bitBlt(QImage &dst, int dx, int dy, int w, int h, const QImage &src, int sx
 void bitBlt(PictureBox &dst, int dx, int dy, int w, int h, const PictureBox &src, int sx, int sy)
 {
     bitBlt(dst.image(), dx, dy, w, h, src.image(), sx, sy);
+    const int r = dst.fine() ? int(dst.fine()->devicePixelRatio()) : 1;
+    if (r > 1 && src.fine() && int(src.fine()->devicePixelRatio()) == r)
+        bitBlt(*dst.fine(), dx * r, dy * r, w * r, h * r, *src.fine(), sx * r, sy * r);
+    else if (r > 1) // A source without the same fine drawing can only be enlarged.
+        QPainter(dst.fine()).drawImage(QRect(dx, dy, w, h), src.image(), QRect(sx, sy, w, h));
     dst.refresh(QRect(dx, dy, w, h));
 }

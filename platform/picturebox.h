@@ -32,6 +32,17 @@ public:
     {
         return m_back;
     }
+    // On a dense screen (ratio 2 and up) the box keeps a second drawing at device resolution beside the
+    // persistent one, changed by every operation alongside it, and shows that one. Null at ratio 1.
+    void setFineRatio(int ratio);
+    QImage *fine()
+    {
+        return m_ratio > 1 ? &m_fine : nullptr;
+    }
+    const QImage *fine() const
+    {
+        return m_ratio > 1 ? &m_fine : nullptr;
+    }
 
     // Resizes the box (its outer size, the border included); the drawing keeps what lies inside the new
     // size, the rest is background.
@@ -43,6 +54,8 @@ public:
     void clearPicture();
     // Makes the persistent picture a copy of another picture, drawn at the top left.
     void setPicture(const QImage &picture);
+    // The same from another box, its device-resolution drawing included.
+    void setPicture(const PictureBox &source);
     // Draws a whole picture stretched (smoothly) over a rectangle of the box.
     void stretchDraw(const QImage &picture, const QRect &target);
     // A one-pixel horizontal or vertical line from (x1, y1) towards (x2, y2), the end point excluded as
@@ -68,7 +81,12 @@ protected:
     void mouseDoubleClickEvent(QMouseEvent *event) override;
 
 private:
+    // A new device-resolution drawing of the persistent one's size, keeping what the old one held.
+    void resizeFine();
+
     QImage m_image;
+    QImage m_fine;
+    int m_ratio = 1;
     QColor m_back;
     int m_printY = 0;
     int m_border = 0;

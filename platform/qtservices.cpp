@@ -17,6 +17,9 @@ int QtMessageBoxes::show(const QString &text, const QString &title, int style)
     QMessageBox box(m_parent);
     box.setWindowTitle(title);
     box.setText(text);
+    // A screen reader reads the alert's name and description: the title and the whole message.
+    box.setAccessibleName(title);
+    box.setAccessibleDescription(text);
     switch (style) {
     case MsgStyle::Critical:
         box.setIcon(QMessageBox::Critical);

@@ -138,7 +138,7 @@ void vxmain::putBack(int S)
 {
     PuzzleState &s = m_state;
     if (s.DragFrom == Codes::FromTray) {
-        vxpcs[S]->setPicture(vxdrag->image());
+        vxpcs[S]->setPicture(*vxdrag);
         vxpcs[S]->repaint();
         outlineTrayBox(S);
         return;
@@ -180,7 +180,7 @@ void vxmain::dropOnTray(int k, int S)
 {
     PuzzleState &s = m_state;
     if (s.DragFrom == Codes::FromTray) {
-        vxpcs[S]->setPicture(vxpcs[k]->image());
+        vxpcs[S]->setPicture(*vxpcs[k]);
         vxpcs[S]->repaint();
         exchangeHolders(s, { Holder::Tray, S }, { Holder::Tray, k });
     } else {

@@ -44,7 +44,9 @@ bool vxmain::LoadPic(const QString &mode)
                         .arg(s.GridN);
     }
     if (error.isEmpty())
-        vxpicfull = picturefile::decodeScaled(s.PicFile, fitting::boardFor(box, s.GridN), &error);
+        // On a dense screen the picture is decoded at device resolution, so the board is sampled from it.
+        vxpicfull
+            = picturefile::decodeScaled(s.PicFile, fitting::boardFor(box, s.GridN) * m_fineRatio, &error);
     if (!error.isEmpty()) {
         m_platform.pointers.set(PointerShape::Default);
         m_platform.messages.show(error, OpenError, MsgStyle::Critical);
@@ -60,7 +62,7 @@ bool vxmain::LoadPic(const QString &mode)
     vxrz_s->stretchDraw(vxpicfull, vxrz_s->rect());
     vxpicfull = QImage();
     vxblank->clearPicture();
-    vxrz->setPicture(vxrz_s->image());
+    vxrz->setPicture(*vxrz_s);
     FrAnimate();
     m_platform.pointers.set(PointerShape::Default);
     return true;

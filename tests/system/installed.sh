@@ -1,0 +1,54 @@
+#!/usr/bin/env bash
+# The installed game: the install passes the desktop validators; the .deb unpacked into a scratch root
+# starts from its menu entry under Xvfb, seeds the player's library and writes nothing beside itself.
+set -euo pipefail
+build=$1
+work=$(mktemp -d "${TMPDIR:-/tmp}/installed-XXXXXX")
+pids=()
+trap 'for p in "${pids[@]}"; do kill "$p" 2>/dev/null || true; done; rm -rf "$work"' EXIT
+fail() { echo "FAIL: $*" >&2; exit 1; }
+
+DESTDIR=$work/stage cmake --install "$build" --prefix /usr >/dev/null
+share=$work/stage/usr/share
+desktop-file-validate "$share/applications/org.varno.varno.desktop"
+appstreamcli validate --no-net "$share/metainfo/org.varno.varno.metainfo.xml"
+for size in 16 24 32 48 64 128 256; do
+    png=$share/icons/hicolor/${size}x${size}/apps/org.varno.varno.png
+    [ "$(file -b "$png" | grep -o "$size x $size")" = "$size x $size" ] || fail "icon $png"
+done
+[ -s "$share/icons/hicolor/scalable/apps/org.varno.varno.svg" ] || fail "scalable icon"
+
+(cd "$build" && cpack -G DEB -B "$work/pkg" >/dev/null)
+deb=$(ls "$work"/pkg/varno_*.deb)
+# Every package it depends on is one this machine has.
+for dep in $(dpkg-deb -f "$deb" Depends | tr ',' '\n' | sed 's/(.*)//; s/|.*//'); do
+    dpkg-query -W -f='${Status}\n' "$dep" | grep -q "install ok installed" || fail "dependency $dep"
+done
+dpkg-deb -x "$deb" "$work/root"
+
+# The menu entry's command, found on the path of the scratch root.
+exec_cmd=$(sed -n 's/^Exec=//p' "$work/root/usr/share/applications/org.varno.varno.desktop")
+Xvfb -displayfd 3 -screen 0 1024x768x24 -nolisten tcp 3>"$work/display" 2>/dev/null &
+pids+=($!)
+for _ in $(seq 50); do [ -s "$work/display" ] && break; sleep 0.1; done
+mkdir -p "$work/home"
+export DISPLAY=":$(cat "$work/display")"
+start() {
+    env -i PATH="$work/root/usr/bin:$PATH" HOME="$work/home" DISPLAY="$DISPLAY" QT_QPA_PLATFORM=xcb $exec_cmd &
+    game=$!
+    pids+=($game)
+    for _ in $(seq 100); do xdotool search --onlyvisible --class varno >/dev/null 2>&1 && break; sleep 0.1; done
+    xdotool search --onlyvisible --class varno >/dev/null || fail "no window"
+    kill -0 "$game" || fail "the game ended"
+}
+lib=$work/home/.local/share/varno/varno/lib
+start
+[ "$(ls "$lib")" = "$(ls "$work/root/usr/share/varno/lib")" ] || fail "library not seeded: $(ls "$lib")"
+[ "$(ls -A "$work/root/usr/bin")" = "varno" ] || fail "files beside the program: $(ls -A "$work/root/usr/bin")"
+# A starter picture the player deleted does not come back at the next start.
+kill "$game"; wait "$game" 2>/dev/null || true
+gone=$(ls "$lib" | head -n 1)
+rm "$lib/$gone"
+start
+[ ! -e "$lib/$gone" ] || fail "$gone came back"
+echo "1 passed, 0 failed"
