@@ -23,9 +23,8 @@ void vxmain::buildHelpViews()
     hlpdoc->setBorder(2);
     hlpdoc->setBoxSize(594, 600);
     hlpdoc->setFont(arialBold12());
-    const int line = QFontMetrics(hlpdoc->font(), &hlpdoc->image()).height();
-    // Drawn straight into the box's persistent picture, which the closing line is printed onto.
-    drawHelpPicture(hlpdoc->image(), line);
+    // The picture itself waits for the first showing of the help: drawing its text and faces took about
+    // half of start-up, for a view most games never open.
     connect(vxrz_s, &PictureBox::clicked, this, &vxmain::vxrz_s_Click);
     connect(hlpdoc, &PictureBox::clicked, this, &vxmain::hlpdoc_Click);
 }
@@ -61,10 +60,31 @@ void vxmain::vxrz_s_Click()
     vxframe_border->setFillColor(vxframe_border->borderColor());
 }
 
+void vxmain::drawHelpDocument()
+{
+    m_helpDrawn = true;
+    QImage &paper = hlpdoc->image();
+    QImage drawing(paper.size(), QImage::Format_RGB32);
+    drawHelpPicture(drawing, QFontMetrics(hlpdoc->font(), &paper).height());
+    // Start-up printed its lines on the white paper, in the free line the drawing leaves for them; the
+    // drawing goes under them, so the box looks as if it had been drawn first.
+    const QRgb white = qRgb(255, 255, 255);
+    for (int y = 0; y < paper.height(); ++y) {
+        auto *line = reinterpret_cast<QRgb *>(paper.scanLine(y));
+        const auto *under = reinterpret_cast<const QRgb *>(drawing.constScanLine(y));
+        for (int x = 0; x < paper.width(); ++x)
+            if (line[x] == white)
+                line[x] = under[x];
+    }
+    hlpdoc->refresh();
+}
+
 void vxmain::cb_helpdoc_Click()
 {
     if (!m_state.allows(Command::HelpDocument))
         return;
+    if (!m_helpDrawn)
+        drawHelpDocument();
     fr_cmd->hide();
     vxrz->hide();
     for (PictureBox *box : vxpcs)
