@@ -246,6 +246,8 @@ void benchStartup()
     const QString bin = QCoreApplication::applicationDirPath();
     const std::vector<startup::Program> programs { { QStringLiteral("the game"), { bin + "/varno" } },
         { QStringLiteral("bare Qt program"), { bin + "/varno_bare" } },
+        { QStringLiteral("bare Qt program without text"),
+            { bin + "/varno_bare", QStringLiteral("--no-text") } },
         { QStringLiteral("sgt-fifteen"), { QStringLiteral("/usr/games/sgt-fifteen") } },
         { QStringLiteral("gnome-taquin"), { QStringLiteral("/usr/games/gnome-taquin") } } };
     const int rounds = 9;
@@ -266,17 +268,21 @@ void benchStartup()
     add(QStringLiteral("start-up: exec to main window mapped"), QStringLiteral("ms"), series(0, false),
         QStringLiteral("bare Qt program of the same shape"), series(1, false),
         { Target::RatioAtMost, 1.1, "ratio <= 1.10" });
+    add(QStringLiteral("start-up, against a bare program without text"), QStringLiteral("ms"),
+        series(0, false), QStringLiteral("the same without text (no fonts)"), series(2, false));
     add(QStringLiteral("start-up, against sgt-fifteen"), QStringLiteral("ms"), series(0, false),
-        QStringLiteral("sgt-fifteen"), series(2, false), { Target::RatioAtMost, 1.0, "ahead: < 1" });
+        QStringLiteral("sgt-fifteen"), series(3, false), { Target::RatioAtMost, 1.0, "ahead: < 1" });
     add(QStringLiteral("start-up, against gnome-taquin"), QStringLiteral("ms"), series(0, false),
-        QStringLiteral("gnome-taquin"), series(3, false), { Target::RatioAtMost, 1.0, "ahead: < 1" });
+        QStringLiteral("gnome-taquin"), series(4, false), { Target::RatioAtMost, 1.0, "ahead: < 1" });
     add(QStringLiteral("resident memory 1 s after the map"), QStringLiteral("MiB"), series(0, true),
         QStringLiteral("bare Qt program of the same shape"), series(1, true),
         { Target::RatioAtMost, 1.1, "ratio <= 1.10" });
+    add(QStringLiteral("resident memory, against a bare program without text"), QStringLiteral("MiB"),
+        series(0, true), QStringLiteral("the same without text (no fonts)"), series(2, true));
     add(QStringLiteral("resident memory, against sgt-fifteen"), QStringLiteral("MiB"), series(0, true),
-        QStringLiteral("sgt-fifteen"), series(2, true));
+        QStringLiteral("sgt-fifteen"), series(3, true));
     add(QStringLiteral("resident memory, against gnome-taquin"), QStringLiteral("MiB"), series(0, true),
-        QStringLiteral("gnome-taquin"), series(3, true));
+        QStringLiteral("gnome-taquin"), series(4, true));
 }
 
 // ---- Pictures ----

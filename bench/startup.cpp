@@ -12,6 +12,7 @@
 #include <ctime>
 #include <fcntl.h>
 #include <poll.h>
+#include <sys/prctl.h>
 #include <sys/wait.h>
 #include <unistd.h>
 #include <xcb/xcb.h>
@@ -168,16 +169,24 @@ namespace
         return 0;
     }
 
-    // Both servers, stopped by their process ids whatever happens.
+    // Both servers, stopped by their process ids whatever happens. The helpers the bus starts (the
+    // accessibility bus) end with it; they are our orphans to collect, not the system's.
     struct Servers {
         pid_t x = -1, bus = -1;
         xcb_connection_t *connection = nullptr;
+        Servers()
+        {
+            prctl(PR_SET_CHILD_SUBREAPER, 1);
+        }
         ~Servers()
         {
             if (connection)
                 xcb_disconnect(connection);
             stop(bus);
             stop(x);
+            for (int i = 0; i < 100 && waitpid(-1, nullptr, WNOHANG) >= 0; ++i)
+                usleep(10'000);
+            prctl(PR_SET_CHILD_SUBREAPER, 0);
         }
     };
 
