@@ -385,9 +385,10 @@ void benchPlay(vxmain &w, const QString &picture)
                 p.drawLine(j * s.TileW, k * s.TileH, (j + 1) * s.TileW - 1, k * s.TileH);
             }
     };
-    const Pair redraws = paired(101, redraw, painterRedraw);
+    // The board's tables are filled by the first scramble.
     const Pair scramble = paired(
         21, [&] { w.Scramble(); }, redraw);
+    const Pair redraws = paired(101, redraw, painterRedraw);
     const auto repaint = [&] { w.vxrz->repaint(); };
     // A press beside the blank and back again, each followed by the board's repaint.
     w.Scramble();

@@ -63,6 +63,10 @@ namespace
             return -1;
         const pid_t pid = fork();
         if (pid == 0) {
+            // The programs' own messages would fill the table's screen.
+            const int quiet = open("/dev/null", O_WRONLY);
+            dup2(quiet, STDOUT_FILENO);
+            dup2(quiet, STDERR_FILENO);
             execvpe(argv.data()[0], argv.data(), envp.data());
             const int e = errno;
             (void)!write(report[1], &e, sizeof e);
