@@ -24,7 +24,7 @@ test: build
 	cd $(BUILD) && ctest --output-on-failure -j $(JOBS)
 
 bench: build
-	@bash tools/setup-bench-deps.sh
+	@bash tools/setup-deps.sh bench
 	$(BUILD)/bin/varno_bench
 
 FUZZ_BUILD ?= build-fuzz

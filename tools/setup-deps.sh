@@ -5,6 +5,9 @@ pkgs=(cmake g++ make qt6-base-dev qt6-svg-dev qt6-image-formats-plugins libqt6sv
       xvfb xauth xdotool x11-utils libjpeg-turbo-progs clang-format)
 # The help document's font (metric twin of Arial) and a small window manager for the minimise test.
 pkgs+=(fonts-liberation openbox)
+# `make bench` (setup-deps.sh bench): the two peer puzzles whose start-up is measured beside the game, and
+# the session bus they expect.
+[ "${1:-}" = bench ] && pkgs+=(sgt-puzzles gnome-taquin dbus-daemon)
 missing=()
 for p in "${pkgs[@]}"; do
     dpkg-query -W -f='${Status}' "$p" 2>/dev/null | grep -q "install ok installed" || missing+=("$p")
