@@ -16,6 +16,7 @@ struct Program {
 
 struct Sample {
     double ms = 0; // exec to the map event of the first top-level window
+    double cpuMs = 0; // processor time of all its threads up to that event: steadier on a busy machine
     double rssMiB = 0; // resident memory one second after that
 };
 
