@@ -23,8 +23,8 @@ void vxmain::buildHelpViews()
     hlpdoc->setBorder(2);
     hlpdoc->setBoxSize(594, 600);
     hlpdoc->setFont(arialBold12());
-    // The picture itself waits for the first showing of the help: drawing its text and faces took about
-    // half of start-up, for a view most games never open.
+    // The picture itself waits for the first showing of the help: drawing its text and faces took about a
+    // third of start-up, for a view most games never open.
     connect(vxrz_s, &PictureBox::clicked, this, &vxmain::vxrz_s_Click);
     connect(hlpdoc, &PictureBox::clicked, this, &vxmain::hlpdoc_Click);
 }
