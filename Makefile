@@ -23,7 +23,10 @@ test: build
 	clang-format --dry-run --Werror $$(git ls-files '*.cpp' '*.h')
 	cd $(BUILD) && ctest --output-on-failure -j $(JOBS)
 
-bench: build
+# Only the benchmark and the programs it starts are built: the tests are not measured.
+bench: deps $(BUILD)/CMakeCache.txt
+	@bash tools/setup-deps.sh bench
+	cmake --build $(BUILD) -j $(JOBS) --target varno_bench
 	$(BUILD)/bin/varno_bench
 
 # Installs under PREFIX (default /usr/local; DESTDIR stages it); `make package` writes a .deb into BUILD.

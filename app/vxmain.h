@@ -167,8 +167,10 @@ private:
     // The picture is whole again: the frame, the whole picture, and play ends.
     void finishSolved();
     void HelpOn(Integer pos, bool fromTray);
-    // The help document's picture and the views' looks and clicks.
+    // The help document's box and the views' looks and clicks.
     void buildHelpViews();
+    // The help picture, drawn under the lines printed on the box the first time the help is shown.
+    void drawHelpDocument();
     // After a view: the tray boxes in use come back for the drag-and-drop puzzle.
     void showTrayAfterView();
     // Mode "Lib" of LoadPic: the chosen file into the library folder.
@@ -181,6 +183,7 @@ private:
     Platform m_platform;
     PuzzleState m_state;
     QString m_programFolder;
+    bool m_helpDrawn = false;
     QWidget *m_client = nullptr;
     QWidget *vxmin = nullptr;
     RandomSource m_random;

@@ -1,5 +1,7 @@
-// Benchmarks: picture loading, board redraws, moves, the scramble and start-up. Each figure is printed
-// with a baseline measured in the same run, so the ratios hold whatever the machine's speed.
+// Benchmarks: start-up beside a bare Qt program and two peers, picture loading, play, the saved puzzle,
+// the library and the frame animation. Every figure stands beside a baseline measured in the same run,
+// and each ratio is taken run by run, so a burst of load on the machine moves both sides of a pair.
+// Everything ends in one table with the target and whether it is met.
 #include "app/vxmain.h"
 #include "cameralibrary.h"
 #include "gifwriter.h"
@@ -9,6 +11,7 @@
 #include "platform/picturebox.h"
 #include "play/fitting.h"
 #include "render/picturefile.h"
+#include "startup.h"
 #include "store/puzzlefile.h"
 
 #include <QApplication>
@@ -29,7 +32,8 @@
 namespace
 {
 
-// Platform services that never wait: the frame animation's pacing runs on virtual time.
+// Platform services that never wait for a player. The frame animation's pacing runs on virtual time,
+// except where the animation itself is measured, on the real clock.
 struct BenchPlatform : MessageBoxes, FileDialogs, Pointers, EventPump, ModalRunner {
     int show(const QString &, const QString &, int) override
     {
@@ -51,15 +55,18 @@ struct BenchPlatform : MessageBoxes, FileDialogs, Pointers, EventPump, ModalRunn
     }
     void sleepMs(int ms) override
     {
-        m_now += ms * 1000;
+        sleepUs(qint64(ms) * 1000);
     }
     void sleepUs(qint64 us) override
     {
-        m_now += us;
+        if (realClock)
+            QThread::usleep(std::max<qint64>(us, 0));
+        else
+            m_now += us;
     }
     qint64 nowUs() const override
     {
-        return m_now;
+        return realClock ? m_clock.nsecsElapsed() / 1000 : m_now;
     }
     void exec(QDialog &dialog) override
     {
@@ -72,20 +79,132 @@ struct BenchPlatform : MessageBoxes, FileDialogs, Pointers, EventPump, ModalRunn
     {
         return Platform { *this, *this, *this, *this, *this };
     }
+    bool realClock = false;
     qint64 m_now = 0;
+    QElapsedTimer m_clock;
 };
 
-double medianUs(int runs, const std::function<void()> &f)
+// ---- The table ----
+
+struct Stats {
+    double median = 0, min = 0, max = 0;
+    bool valid = false;
+};
+
+Stats summary(std::vector<double> v)
 {
-    std::vector<double> t;
-    for (int i = 0; i < runs; ++i) {
-        QElapsedTimer timer;
-        timer.start();
-        f();
-        t.push_back(double(timer.nsecsElapsed()) / 1000.0);
+    if (v.empty())
+        return {};
+    std::sort(v.begin(), v.end());
+    return { v[v.size() / 2], v.front(), v.back(), true };
+}
+
+// What a row must show: its ratio at most or at least a limit, or its own figure below one.
+struct Target {
+    enum Kind { None, RatioAtMost, RatioAtLeast, ValueBelow } kind = None;
+    double limit = 0;
+    const char *text = "";
+};
+
+struct Row {
+    QString what, unit;
+    Stats ours;
+    QString baseName;
+    Stats base, ratio;
+    Target target;
+};
+
+std::vector<Row> table;
+std::vector<QString> notes;
+
+QString number(double v)
+{
+    const double a = std::abs(v);
+    return QString::number(v, 'f', a >= 100 ? 0 : a >= 10 ? 1 : a >= 1 ? 2 : 3);
+}
+
+QString cell(const Stats &s, const QString &unit = {})
+{
+    if (!s.valid)
+        return QStringLiteral("-");
+    const QString u = unit.isEmpty() ? QString() : QLatin1Char(' ') + unit;
+    return QStringLiteral("%1%2 [%3-%4]").arg(number(s.median), u, number(s.min), number(s.max));
+}
+
+// Met, missed, or nothing to meet, judged on the medians.
+QString verdict(const Row &r)
+{
+    switch (r.target.kind) {
+    case Target::RatioAtMost:
+        return r.ratio.median <= r.target.limit ? QStringLiteral("met") : QStringLiteral("MISSED");
+    case Target::RatioAtLeast:
+        return r.ratio.median >= r.target.limit ? QStringLiteral("met") : QStringLiteral("MISSED");
+    case Target::ValueBelow:
+        return r.ours.median < r.target.limit ? QStringLiteral("met") : QStringLiteral("MISSED");
+    case Target::None:
+        break;
     }
-    std::sort(t.begin(), t.end());
-    return t[t.size() / 2];
+    return {};
+}
+
+void add(const QString &what,
+    const QString &unit,
+    const std::vector<double> &ours,
+    const QString &baseName,
+    const std::vector<double> &base,
+    Target target = {})
+{
+    std::vector<double> ratios;
+    for (size_t i = 0; i < std::min(ours.size(), base.size()); ++i)
+        if (base[i] > 0)
+            ratios.push_back(ours[i] / base[i]);
+    table.push_back({ what, unit, summary(ours), baseName, summary(base), summary(ratios), target });
+}
+
+void printTable()
+{
+    const auto w = [](const QString &s, int width) { return s.leftJustified(width).toUtf8(); };
+    std::printf("\n%s %s %s %s %s %s\n", w("measured", 52).constData(),
+        w("ours: median [min-max]", 30).constData(), w("baseline", 36).constData(),
+        w("baseline: median [min-max]", 30).constData(), w("ratio: median [min-max]", 24).constData(),
+        "target");
+    for (const Row &r : table) {
+        const QString target = r.target.kind == Target::None
+            ? QString()
+            : QStringLiteral("%1  %2").arg(QString::fromUtf8(r.target.text), verdict(r));
+        std::printf("%s %s %s %s %s %s\n", w(r.what, 52).constData(), w(cell(r.ours, r.unit), 30).constData(),
+            w(r.baseName, 36).constData(), w(cell(r.base, r.unit), 30).constData(),
+            w(cell(r.ratio), 24).constData(), target.toUtf8().constData());
+    }
+    for (const QString &n : notes)
+        std::printf("%s\n", n.toUtf8().constData());
+}
+
+// ---- Measuring ----
+
+double elapsedUs(const std::function<void()> &f)
+{
+    QElapsedTimer timer;
+    timer.start();
+    f();
+    return double(timer.nsecsElapsed()) / 1000.0;
+}
+
+struct Pair {
+    std::vector<double> ours, base;
+};
+
+// Our figure and its baseline in turns, after one unmeasured call of each, in the given unit (1 = µs).
+Pair paired(int runs, const std::function<void()> &ours, const std::function<void()> &base, double unit = 1)
+{
+    ours();
+    base();
+    Pair p;
+    for (int i = 0; i < runs; ++i) {
+        p.ours.push_back(elapsedUs(ours) / unit);
+        p.base.push_back(elapsedUs(base) / unit);
+    }
+    return p;
 }
 
 long statusKb(const char *field)
@@ -112,11 +231,64 @@ double peakRiseMiB(const std::function<void()> &f)
     return double(statusKb("VmHWM:") - before) / 1024.0;
 }
 
-void row(const char *what, double value, const char *unit, const char *baseName, double base)
+QString loadAverage()
 {
-    std::printf("  %-46s %10.1f %-3s  %-28s %10.1f  ratio %5.2f\n", what, value, unit, baseName, base,
-        base > 0 ? value / base : 0.0);
+    QFile load(QStringLiteral("/proc/loadavg"));
+    if (!load.open(QIODevice::ReadOnly))
+        return QStringLiteral("unknown");
+    return QString::fromLatin1(load.readAll().split(' ').first());
 }
+
+// ---- Start-up ----
+
+void benchStartup()
+{
+    const QString bin = QCoreApplication::applicationDirPath();
+    const std::vector<startup::Program> programs { { QStringLiteral("the game"), { bin + "/varno" } },
+        { QStringLiteral("bare Qt program"), { bin + "/varno_bare" } },
+        { QStringLiteral("bare Qt program without text"),
+            { bin + "/varno_bare", QStringLiteral("--no-text") } },
+        { QStringLiteral("sgt-fifteen"), { QStringLiteral("/usr/games/sgt-fifteen") } },
+        { QStringLiteral("gnome-taquin"), { QStringLiteral("/usr/games/gnome-taquin") } } };
+    const int rounds = 9;
+    std::fprintf(
+        stderr, "start-up: %d rounds of %zu programs on a private X server\n", rounds, programs.size());
+    QString error;
+    const auto samples = startup::measure(programs, rounds, &error);
+    if (samples.empty()) {
+        notes.push_back(QStringLiteral("start-up not measured: %1").arg(error));
+        return;
+    }
+    enum Figure { Wall, Processor, Memory };
+    const auto series = [&](size_t program, Figure f) {
+        std::vector<double> v;
+        for (const startup::Sample &s : samples[program])
+            v.push_back(f == Memory ? s.rssMiB : f == Processor ? s.cpuMs : s.ms);
+        return v;
+    };
+    add(QStringLiteral("start-up: exec to main window mapped"), QStringLiteral("ms"), series(0, Wall),
+        QStringLiteral("bare Qt program of the same shape"), series(1, Wall),
+        { Target::RatioAtMost, 1.1, "ratio <= 1.10" });
+    add(QStringLiteral("  processor time to the map, all threads"), QStringLiteral("ms"),
+        series(0, Processor), QStringLiteral("bare Qt program of the same shape"), series(1, Processor));
+    add(QStringLiteral("start-up, against a bare program without text"), QStringLiteral("ms"),
+        series(0, Wall), QStringLiteral("the same without text (no fonts)"), series(2, Wall));
+    add(QStringLiteral("start-up, against sgt-fifteen"), QStringLiteral("ms"), series(0, Wall),
+        QStringLiteral("sgt-fifteen"), series(3, Wall), { Target::RatioAtMost, 1.0, "ahead: < 1" });
+    add(QStringLiteral("start-up, against gnome-taquin"), QStringLiteral("ms"), series(0, Wall),
+        QStringLiteral("gnome-taquin"), series(4, Wall), { Target::RatioAtMost, 1.0, "ahead: < 1" });
+    add(QStringLiteral("resident memory 1 s after the map"), QStringLiteral("MiB"), series(0, Memory),
+        QStringLiteral("bare Qt program of the same shape"), series(1, Memory),
+        { Target::RatioAtMost, 1.1, "ratio <= 1.10" });
+    add(QStringLiteral("resident memory, against a bare program without text"), QStringLiteral("MiB"),
+        series(0, Memory), QStringLiteral("the same without text (no fonts)"), series(2, Memory));
+    add(QStringLiteral("resident memory, against sgt-fifteen"), QStringLiteral("MiB"), series(0, Memory),
+        QStringLiteral("sgt-fifteen"), series(3, Memory));
+    add(QStringLiteral("resident memory, against gnome-taquin"), QStringLiteral("MiB"), series(0, Memory),
+        QStringLiteral("gnome-taquin"), series(4, Memory));
+}
+
+// ---- Pictures ----
 
 // Our path and the naive path from a file to the tile source and the board holding the picture.
 void loadPicture(PictureBox &board, PictureBox &source, const QString &path, bool reduced)
@@ -133,57 +305,76 @@ void loadPicture(PictureBox &board, PictureBox &source, const QString &path, boo
     board.setPicture(source.image());
 }
 
-void benchLoading(const QString &dir, PictureBox &board, PictureBox &source)
+// The three test pictures, written into dir.
+void makePictures(const QString &dir)
 {
-    std::printf(
-        "Picture loading (time to the tile source and the board; peak memory above the level before)\n");
+    const QImage photo = picturegen::scene(QSize(6000, 4000), 7);
+    QImageWriter w(dir + "/camera.jpg", "jpeg");
+    w.setQuality(90);
+    w.write(photo);
+    const QImage scene = picturegen::scene(QSize(4000, 3000), 11);
+    gifwriter::write(scene, dir + "/big.gif");
+    scene.convertToFormat(QImage::Format_RGB888).save(dir + "/big.bmp", "BMP");
+}
+
+void benchLoading(const QString &dir, PictureBox &board, PictureBox &source, int runs)
+{
     const QString jpg = dir + "/camera.jpg", gif = dir + "/big.gif", bmp = dir + "/big.bmp";
-    {
-        const QImage photo = picturegen::scene(QSize(6000, 4000), 7);
-        QImageWriter w(jpg, "jpeg");
-        w.setQuality(90);
-        w.write(photo);
-    }
-    {
-        const QImage scene = picturegen::scene(QSize(4000, 3000), 11);
-        gifwriter::write(scene, gif);
-        scene.convertToFormat(QImage::Format_RGB888).save(bmp, "BMP");
-    }
-    std::printf("  inputs: 6000x4000 JPEG q90 %.1f MB, 4000x3000 GIF %.1f MB, 4000x3000 BMP %.1f MB\n",
-        QFile(jpg).size() / 1e6, QFile(gif).size() / 1e6, QFile(bmp).size() / 1e6);
-    const int runs = 5;
-    auto ours = [&](const QString &p) { return [&, p] { loadPicture(board, source, p, true); }; };
-    auto naive = [&](const QString &p) { return [&, p] { loadPicture(board, source, p, false); }; };
-    const double floor = medianUs(runs, [&] {
+    notes.push_back(QStringLiteral("pictures: 6000 x 4000 JPEG q90 %1 MB, 4000 x 3000 GIF %2 MB, 4000 x 3000 "
+                                   "BMP %3 MB; times to the tile source and the board holding the picture")
+                        .arg(QFile(jpg).size() / 1e6, 0, 'f', 1)
+                        .arg(QFile(gif).size() / 1e6, 0, 'f', 1)
+                        .arg(QFile(bmp).size() / 1e6, 0, 'f', 1));
+    const auto ours = [&](const QString &p) { return [&, p] { loadPicture(board, source, p, true); }; };
+    const auto naive = [&](const QString &p) { return [&, p] { loadPicture(board, source, p, false); }; };
+    const auto djpeg = [&] {
         QProcess djpeg;
         djpeg.setStandardOutputFile(QProcess::nullDevice());
         djpeg.start(QStringLiteral("djpeg"), { QStringLiteral("-scale"), QStringLiteral("1/8"), jpg });
         djpeg.waitForFinished();
-    });
-    const double memOurs = peakRiseMiB(ours(jpg)), memNaive = peakRiseMiB(naive(jpg));
-    const double tOurs = medianUs(runs, ours(jpg)), tNaive = medianUs(runs, naive(jpg));
-    row("JPEG reduced-size decode (ms)", tOurs / 1000, "ms", "djpeg -scale 1/8 floor (ms)", floor / 1000);
-    row("JPEG naive full decode + scale (ms)", tNaive / 1000, "ms", "our path (ms)", tOurs / 1000);
-    row("JPEG peak rise, our path (MiB)", memOurs, "MiB", "naive path (MiB)", memNaive);
+    };
+    const Pair floor = paired(runs, ours(jpg), djpeg, 1000);
+    add(QStringLiteral("6000 x 4000 JPEG to the board"), QStringLiteral("ms"), floor.ours,
+        QStringLiteral("djpeg -scale 1/8 of the file"), floor.base,
+        { Target::RatioAtMost, 1.1, "ratio <= 1.10" });
+    const Pair naivePair = paired(runs, naive(jpg), ours(jpg), 1000);
+    add(QStringLiteral("the same JPEG, naive: full decode + smooth scale"), QStringLiteral("ms"),
+        naivePair.ours, QStringLiteral("our path"), naivePair.base,
+        { Target::RatioAtLeast, 1.8, "ratio >= 1.8" });
+    Pair memory;
+    for (int i = 0; i < runs; ++i) {
+        memory.ours.push_back(peakRiseMiB(ours(jpg)));
+        memory.base.push_back(peakRiseMiB(naive(jpg)));
+    }
+    add(QStringLiteral("JPEG peak resident rise"), QStringLiteral("MiB"), memory.ours,
+        QStringLiteral("naive path"), memory.base, { Target::ValueBelow, 16, "< 16 MiB" });
     for (const QString &p : { gif, bmp }) {
-        const double t = medianUs(runs, ours(p));
-        const double plain = medianUs(runs, [&] { QImage(p).isNull(); });
-        const QByteArray name = (QFileInfo(p).suffix().toUpper() + " load to board (ms)").toLatin1();
-        row(name.constData(), t / 1000, "ms", "plain decode (ms)", plain / 1000);
+        const Pair pair = paired(
+            runs, ours(p), [p] { QImage(p).isNull(); }, 1000);
+        add(QStringLiteral("4000 x 3000 %1 to the board").arg(QFileInfo(p).suffix().toUpper()),
+            QStringLiteral("ms"), pair.ours, QStringLiteral("plain decode (QImage)"), pair.base,
+            { Target::RatioAtMost, 1.1, "ratio <= 1.10" });
     }
 }
 
+// ---- Play ----
+
 void benchPlay(vxmain &w, const QString &picture)
 {
-    std::printf("Play on an 11 x 11 board (offscreen repaint included where the board is shown)\n");
     PuzzleState &s = w.state();
     s.setGridSize(11);
     s.PicFile = picture;
     w.LoadPic(QStringLiteral("Load"));
     w.setRandomSeed(5);
-    const double scramble = medianUs(21, [&] { w.Scramble(); });
+    const auto redraw = [&] {
+        for (Integer i = 0; i < s.TileTotal; ++i) {
+            s.Find_XY(i);
+            bitBlt(*w.vxrz, s.PosX, s.PosY, s.TileW, s.TileH, *w.vxrz_s, s.Board[i].SrcX, s.Board[i].SrcY);
+        }
+        w.DrawLines();
+    };
     // Baseline: one naive QPainter redraw of the same board (121 drawImage calls and 250 drawLine calls).
-    const double painterRedraw = medianUs(101, [&] {
+    const auto painterRedraw = [&] {
         QPainter p(&w.vxrz->image());
         for (Integer i = 0; i < s.TileTotal; ++i) {
             s.Find_XY(i);
@@ -196,94 +387,116 @@ void benchPlay(vxmain &w, const QString &picture)
                 p.drawLine(k * s.TileW, j * s.TileH, k * s.TileW, (j + 1) * s.TileH - 1);
                 p.drawLine(j * s.TileW, k * s.TileH, (j + 1) * s.TileW - 1, k * s.TileH);
             }
-    });
-    const double redraw = medianUs(101, [&] {
-        for (Integer i = 0; i < s.TileTotal; ++i) {
-            s.Find_XY(i);
-            bitBlt(*w.vxrz, s.PosX, s.PosY, s.TileW, s.TileH, *w.vxrz_s, s.Board[i].SrcX, s.Board[i].SrcY);
-        }
-        w.DrawLines();
-    });
+    };
+    // The board's tables are filled by the first scramble.
+    const Pair scramble = paired(
+        21, [&] { w.Scramble(); }, redraw);
+    const Pair redraws = paired(101, redraw, painterRedraw);
+    const auto repaint = [&] { w.vxrz->repaint(); };
     // A press beside the blank and back again, each followed by the board's repaint.
     w.Scramble();
     s.GetCRfromPos(s.BlankPos);
     const Integer col = s.PosCol > 0 ? Integer(s.PosCol - 1) : Integer(s.PosCol + 1);
     const Integer row0 = s.PosRow;
-    const double press = medianUs(201, [&] {
-        s.Find_XY(Integer(row0 * 11 + col));
-        const int x = s.PosX + 3, y = s.PosY + 3;
-        const Integer blank = s.BlankPos;
-        w.vxrz_MouseDown(Qt::LeftButton, {}, float(x), float(y));
-        w.vxrz->repaint();
-        s.Find_XY(blank);
-        w.vxrz_MouseDown(Qt::LeftButton, {}, float(s.PosX + 3), float(s.PosY + 3));
-        w.vxrz->repaint();
-    });
-    const double fullRepaint = medianUs(101, [&] { w.vxrz->repaint(); });
-    row("full redraw, 121 tiles + grid (us)", redraw, "us", "QPainter redraw (us)", painterRedraw);
-    row("slide press to pixels, 2 presses (us)", press, "us", "board repaint alone (us)", fullRepaint);
-    row("scramble 11x11 type S (us)", scramble, "us", "full redraw (us)", redraw);
+    const Pair press = paired(
+        201,
+        [&] {
+            s.Find_XY(Integer(row0 * 11 + col));
+            const int x = s.PosX + 3, y = s.PosY + 3;
+            const Integer blank = s.BlankPos;
+            w.vxrz_MouseDown(Qt::LeftButton, {}, float(x), float(y));
+            w.vxrz->repaint();
+            s.Find_XY(blank);
+            w.vxrz_MouseDown(Qt::LeftButton, {}, float(s.PosX + 3), float(s.PosY + 3));
+            w.vxrz->repaint();
+        },
+        repaint);
+    add(QStringLiteral("full redraw of 11 x 11: 121 tiles + grid"), QStringLiteral("us"), redraws.ours,
+        QStringLiteral("the same with QPainter"), redraws.base, { Target::ValueBelow, 250, "< 250 us" });
+    add(QStringLiteral("slide press to board pixels, 2 presses"), QStringLiteral("us"), press.ours,
+        QStringLiteral("board repaint alone"), press.base,
+        { Target::ValueBelow, 1000, "< 1000 us (2 x 0.5 ms)" });
+    add(QStringLiteral("scramble 11 x 11, without event processing"), QStringLiteral("us"), scramble.ours,
+        QStringLiteral("full redraw"), scramble.base, { Target::ValueBelow, 20000, "< 20000 us" });
 
     // Type "D": a lift and a drop on another place, with their repaints.
     w.cb_type_Click();
     w.Scramble();
     const QPoint origin = w.vxrz->pos();
-    const double drop = medianUs(201, [&] {
+    const auto drop = [&] {
         w.vxrz_MouseDown(Qt::LeftButton, {}, 5, 5);
         w.Form_MouseUp(float(origin.x() + s.TileW * 3 + 9), float(origin.y() + 9));
         w.vxrz->repaint();
-    });
-    const double move = medianUs(201, [&] {
-        w.vxrz_MouseDown(Qt::LeftButton, {}, 5, 5);
-        for (int i = 0; i < 10; ++i)
-            w.Form_MouseMove(float(origin.x() + 20 + i), float(origin.y() + 20));
-        w.Form_MouseUp(float(origin.x() + 9), float(origin.y() + 9));
-    });
-    row("lift + drop on the board (us)", drop, "us", "board repaint alone (us)", fullRepaint);
-    row("lift, 10 follows, drop back (us)", move, "us", "lift + drop (us)", drop);
+    };
+    const Pair drops = paired(201, drop, repaint);
+    const Pair moves = paired(
+        201,
+        [&] {
+            w.vxrz_MouseDown(Qt::LeftButton, {}, 5, 5);
+            for (int i = 0; i < 10; ++i)
+                w.Form_MouseMove(float(origin.x() + 20 + i), float(origin.y() + 20));
+            w.Form_MouseUp(float(origin.x() + 9), float(origin.y() + 9));
+        },
+        drop);
+    add(QStringLiteral("lift + drop on the 11 x 11 board"), QStringLiteral("us"), drops.ours,
+        QStringLiteral("board repaint alone"), drops.base, { Target::ValueBelow, 1000, "< 1000 us" });
+    add(QStringLiteral("lift, 10 follows, drop back"), QStringLiteral("us"), moves.ours,
+        QStringLiteral("lift + drop"), moves.base);
 }
 
-// The saved puzzle of the 11 x 11 game in play: the file work alone against plain file calls on the same
-// bytes, in a memory folder (the work itself) and on the disk (where the flush of a durable replace is
-// the disk's time); then the whole load command against the picture's own loading.
+// ---- The saved puzzle ----
+
+// The 11 x 11 game in play: the file work alone against plain file calls on the same bytes, in a memory
+// folder (the work itself) and on the disk (where the flush of a durable replace is the disk's time);
+// then the whole load command against the picture's own loading.
 void benchStore(vxmain &w)
 {
-    std::printf("Saved puzzle, 11 x 11 (the file work alone; then the load command with its picture)\n");
     PuzzleState &s = w.state();
     const QByteArray bytes = puzzlefile::encode(s);
     QTemporaryDir ram(QStringLiteral("/dev/shm/varno-bench-XXXXXX"));
     const QString memory = ram.isValid() ? ram.filePath(QStringLiteral("varno.pzl")) : s.PzlFile;
     const auto save = [&](const QString &path) {
-        return medianUs(201, [&] { puzzlefile::writeWhole(path, puzzlefile::encode(s)); });
+        return [&, path] { puzzlefile::writeWhole(path, puzzlefile::encode(s)); };
     };
     const auto plainWrite = [&](const QString &path) {
-        return medianUs(201, [&] {
+        return [&, path] {
             QFile f(path + QStringLiteral(".plain"));
             f.open(QIODevice::WriteOnly);
             f.write(bytes);
-        });
+        };
     };
-    const double saveMemory = save(memory), plainMemory = plainWrite(memory);
-    const double saveDisk = save(s.PzlFile), plainDisk = plainWrite(s.PzlFile);
-    const double load = medianUs(201, [&] {
-        const auto decoded = puzzlefile::decode(std::get<QByteArray>(puzzlefile::readFile(memory)));
-        if (!std::holds_alternative<puzzlefile::SavedPuzzle>(decoded))
-            std::printf("  the saved puzzle was refused\n");
-    });
-    const double plainRead = medianUs(201, [&] {
-        QFile f(memory);
-        f.open(QIODevice::ReadOnly);
-        f.readAll();
-    });
-    std::printf("  file of %lld bytes; memory folder %s\n", static_cast<long long>(bytes.size()),
-        ram.isValid() ? "/dev/shm" : "missing, disk used");
-    row("save: encode + write whole, memory (us)", saveMemory, "us", "plain QFile write (us)", plainMemory);
-    row("save: the same on the disk, synced (us)", saveDisk, "us", "plain QFile write (us)", plainDisk);
-    row("load: read + decode + every check (us)", load, "us", "plain QFile read (us)", plainRead);
-    const double command = medianUs(51, [&] { w.cb_load_Click(); });
-    const double picture = medianUs(51, [&] { w.LoadPic(QStringLiteral("Load")); });
-    row("load command with its picture (ms)", command / 1000, "ms", "LoadPic alone (ms)", picture / 1000);
+    const Pair saveMemory = paired(201, save(memory), plainWrite(memory));
+    const Pair saveDisk = paired(201, save(s.PzlFile), plainWrite(s.PzlFile));
+    const Pair load = paired(
+        201,
+        [&] {
+            const auto decoded = puzzlefile::decode(std::get<QByteArray>(puzzlefile::readFile(memory)));
+            if (!std::holds_alternative<puzzlefile::SavedPuzzle>(decoded))
+                std::fprintf(stderr, "the saved puzzle was refused\n");
+        },
+        [&] {
+            QFile f(memory);
+            f.open(QIODevice::ReadOnly);
+            f.readAll();
+        });
+    const Pair command = paired(
+        51, [&] { w.cb_load_Click(); }, [&] { w.LoadPic(QStringLiteral("Load")); }, 1000);
+    notes.push_back(
+        QStringLiteral("saved puzzle: %1 bytes; memory folder %2")
+            .arg(bytes.size())
+            .arg(ram.isValid() ? QStringLiteral("/dev/shm") : QStringLiteral("missing, disk used")));
+    add(QStringLiteral("save 11 x 11: encode + replace whole, memory folder"), QStringLiteral("us"),
+        saveMemory.ours, QStringLiteral("plain QFile write"), saveMemory.base,
+        { Target::ValueBelow, 1000, "< 1000 us" });
+    add(QStringLiteral("the same save on the disk, flushed"), QStringLiteral("us"), saveDisk.ours,
+        QStringLiteral("plain QFile write"), saveDisk.base);
+    add(QStringLiteral("load: read + decode + every check"), QStringLiteral("us"), load.ours,
+        QStringLiteral("plain QFile read"), load.base, { Target::ValueBelow, 1000, "< 1000 us" });
+    add(QStringLiteral("load command with its 1024 x 768 JPEG"), QStringLiteral("ms"), command.ours,
+        QStringLiteral("LoadPic alone"), command.base, { Target::RatioAtMost, 2, "picture dominates: < 2" });
 }
+
+// ---- The library ----
 
 // The processor time of the whole process (all threads) so far.
 double cpuUs()
@@ -295,16 +508,21 @@ double cpuUs()
 
 // The library window over 100 camera pictures: "Image Library" until six thumbnails show, then one step
 // right (two new files), against the plain way: each file decoded whole and scaled smoothly.
-void benchLibrary(const QString &programFolder)
+void benchLibrary(const QString &programFolder, int runs)
 {
-    std::printf(
-        "Picture library of %d camera pictures, 6000 x 4000 JPEG q90, thumbnails 112 x 84, %d cores\n",
-        cameralibrary::Count, QThread::idealThreadCount());
     const QString base = QCoreApplication::applicationDirPath() + "/../bench-library";
+    QElapsedTimer making;
+    making.start();
     if (!cameralibrary::ensure(base)) {
-        std::printf("  cannot make the camera pictures in %s\n", qPrintable(base));
+        notes.push_back(
+            QStringLiteral("library not measured: cannot make the camera pictures in %1").arg(base));
         return;
     }
+    notes.push_back(QStringLiteral("library: %1 camera pictures of 6000 x 4000 (two copies, with and without "
+                                   "EXIF thumbnails) ready in %2 s; %3 cores")
+                        .arg(cameralibrary::Count)
+                        .arg(making.elapsed() / 1000.0, 0, 'f', 1)
+                        .arg(QThread::idealThreadCount()));
     const QStringList names = library::listFiles(base + "/plain");
     const auto plain = [&](int from, int count) {
         return [&, from, count] {
@@ -314,62 +532,90 @@ void benchLibrary(const QString &programFolder)
                     .isNull();
         };
     };
-    QFile load(QStringLiteral("/proc/loadavg"));
-    if (load.open(QIODevice::ReadOnly))
-        std::printf("  load average while measuring: %s\n", load.readAll().split(' ').first().constData());
-    const int runs = 7;
-    const double plainSix = medianUs(3, plain(0, 6)), plainTwo = medianUs(3, plain(6, 2));
-    const double plainMem = peakRiseMiB(plain(0, 6));
+    // The plain decode's memory is the same at every run and for both folders: three runs tell it.
+    std::vector<double> plainMemory;
+    for (int run = 0; run < 3; ++run)
+        plainMemory.push_back(peakRiseMiB(plain(0, 6)));
     BenchPlatform services;
     vxmain w(services.platform(), programFolder);
     for (const char *variant : { "exif", "plain" }) {
+        const bool exif = variant[0] == 'e';
         w.state().LibPath = base + "/" + variant;
         QElapsedTimer clock;
         double cpuStart = 0;
-        std::vector<double> opens, steps, cpus, stepCpus;
+        Pair open, step;
+        std::vector<double> openCpu, stepCpu, memory;
         bool whole = true;
         services.onModal = [&](QDialog &dialog) {
             auto &d = static_cast<libfrm &>(dialog);
             d.show();
             QApplication::processEvents();
-            opens.push_back(double(clock.nsecsElapsed()) / 1000.0);
-            cpus.push_back(cpuUs() - cpuStart);
+            open.ours.push_back(double(clock.nsecsElapsed()) / 1e6);
+            openCpu.push_back((cpuUs() - cpuStart) / 1000);
             clock.start();
             const double stepStart = cpuUs();
             d.libscroll->triggerAction(QAbstractSlider::SliderSingleStepAdd);
             d.repaint();
-            steps.push_back(double(clock.nsecsElapsed()) / 1000.0);
-            stepCpus.push_back(cpuUs() - stepStart);
+            step.ours.push_back(double(clock.nsecsElapsed()) / 1e6);
+            stepCpu.push_back((cpuUs() - stepStart) / 1000);
             for (const LibImage *img : d.libimg)
                 whole = whole && !img->Tag.isEmpty() && img->Problem.isEmpty();
         };
-        const double mem = peakRiseMiB([&] {
-            clock.start();
-            w.cb_lib_Click();
-        });
-        for (int run = 0; run < runs; ++run) {
+        const auto openAndStep = [&] {
             cpuStart = cpuUs();
             clock.start();
             w.cb_lib_Click();
+        };
+        // A first open reads the files from the disk into the page cache; the runs measure the work.
+        openAndStep();
+        open = step = {};
+        openCpu.clear();
+        stepCpu.clear();
+        for (int run = 0; run < runs; ++run) {
+            memory.push_back(peakRiseMiB(openAndStep));
+            open.base.push_back(elapsedUs(plain(0, 6)) / 1000);
+            step.base.push_back(elapsedUs(plain(6, 2)) / 1000);
         }
-        for (std::vector<double> *v : { &opens, &steps, &cpus, &stepCpus })
-            std::sort(v->begin() + 1, v->end());
-        const bool exif = variant[0] == 'e';
-        row(exif ? "open to six thumbnails, EXIF thumbnails (ms)"
-                 : "open to six thumbnails, no EXIF thumbnail (ms)",
-            opens[1 + runs / 2] / 1000, "ms", "plain decode of the 6 files (ms)", plainSix / 1000);
-        // Under other load the wall time grows; the processor time of all threads does not.
-        row("  processor time of the open, all threads (ms)", cpus[1 + runs / 2] / 1000, "ms",
-            "wall time of the open (ms)", opens[1 + runs / 2] / 1000);
-        row(exif ? "one step right, EXIF thumbnails (ms)" : "one step right, no EXIF thumbnail (ms)",
-            steps[1 + runs / 2] / 1000, "ms", "plain decode of the 2 new (ms)", plainTwo / 1000);
-        row("  processor time of the step, all threads (ms)", stepCpus[1 + runs / 2] / 1000, "ms",
-            "wall time of the step (ms)", steps[1 + runs / 2] / 1000);
-        row(exif ? "peak rise, open + step, EXIF (MiB)" : "peak rise, open + step, no EXIF (MiB)", mem, "MiB",
-            "plain decode of 6 (MiB)", plainMem);
+        const QString kind = exif ? QStringLiteral("EXIF thumbnails") : QStringLiteral("no EXIF thumbnail");
+        add(QStringLiteral("library open to six thumbnails, %1").arg(kind), QStringLiteral("ms"), open.ours,
+            QStringLiteral("plain decode + scale of the 6 files"), open.base,
+            { Target::ValueBelow, exif ? 150.0 : 250.0, exif ? "< 150 ms" : "< 250 ms" });
+        add(QStringLiteral("  processor time of the open, all threads"), QStringLiteral("ms"), openCpu,
+            QStringLiteral("wall time of the open"), open.ours);
+        add(QStringLiteral("library step right (2 new files), %1").arg(kind), QStringLiteral("ms"), step.ours,
+            QStringLiteral("plain decode + scale of the 2 files"), step.base,
+            { Target::ValueBelow, 100, "< 100 ms" });
+        add(QStringLiteral("  processor time of the step, all threads"), QStringLiteral("ms"), stepCpu,
+            QStringLiteral("wall time of the step"), step.ours);
+        add(QStringLiteral("library peak rise, open + step, %1").arg(kind), QStringLiteral("MiB"), memory,
+            QStringLiteral("plain decode of the 6 files"), plainMemory,
+            { Target::ValueBelow, 40, "< 40 MiB" });
         if (!whole)
-            std::printf("  some thumbnails did not show\n");
+            notes.push_back(QStringLiteral("library: some thumbnails did not show (%1)").arg(kind));
     }
+}
+
+// ---- The frame animation ----
+
+// The red frame round a picture, on the real clock: its whole time beside the pace it keeps.
+void benchFrame(const QString &picture, int runs)
+{
+    QTemporaryDir folder;
+    BenchPlatform services;
+    vxmain w(services.platform(), folder.path());
+    w.show();
+    QApplication::processEvents();
+    w.state().PicFile = picture;
+    w.LoadPic(QStringLiteral("Load"));
+    services.realClock = true;
+    services.m_clock.start();
+    std::vector<double> total, pace;
+    for (int i = 0; i < runs; ++i) {
+        total.push_back(elapsedUs([&] { w.FrAnimate(); }) / 1000);
+        pace.push_back(500);
+    }
+    add(QStringLiteral("frame animation round the board, total"), QStringLiteral("ms"), total,
+        QStringLiteral("its pace"), pace, { Target::RatioAtMost, 1.1, "ratio <= 1.10" });
 }
 
 } // namespace
@@ -379,20 +625,49 @@ int main(int argc, char **argv)
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
     QApplication app(argc, argv);
+    // Named sections only (start-up, pictures, play, store, library, frame); all of them by default.
+    QStringList only = QApplication::arguments().mid(1);
+    const auto wanted
+        = [&](const char *section) { return only.isEmpty() || only.contains(QLatin1String(section)); };
+    QElapsedTimer total;
+    total.start();
+    const QString loadBefore = loadAverage();
+    const int runs = 7;
+    if (wanted("start-up"))
+        benchStartup();
     QTemporaryDir dir;
     BenchPlatform services;
-    QElapsedTimer startTimer;
-    startTimer.start();
     vxmain w(services.platform(), dir.path());
     w.show();
     QApplication::processEvents();
-    const double startup = startTimer.nsecsElapsed() / 1e6;
-    std::printf("Start-up to a shown window: %.1f ms\n", startup);
-    benchLoading(dir.path(), *w.vxrz, *w.vxrz_s);
     const QString picture = dir.path() + "/board.jpg";
     picturegen::scene(QSize(1024, 768), 3).save(picture, "JPEG", 90);
-    benchPlay(w, picture);
-    benchStore(w);
-    benchLibrary(dir.path());
+    if (wanted("pictures")) {
+        std::fprintf(stderr, "pictures\n");
+        makePictures(dir.path());
+        benchLoading(dir.path(), *w.vxrz, *w.vxrz_s, runs);
+    }
+    if (wanted("play")) {
+        std::fprintf(stderr, "play\n");
+        benchPlay(w, picture);
+    }
+    if (wanted("store")) {
+        std::fprintf(stderr, "store\n");
+        benchStore(w);
+    }
+    if (wanted("library")) {
+        std::fprintf(stderr, "library\n");
+        benchLibrary(dir.path(), runs);
+    }
+    if (wanted("frame")) {
+        std::fprintf(stderr, "frame\n");
+        benchFrame(picture, runs);
+    }
+    notes.push_back(QStringLiteral("medians of %1 or more runs; ratios taken run by run; load average %2 "
+                                   "before and %3 after; %4 s in all")
+                        .arg(runs)
+                        .arg(loadBefore, loadAverage())
+                        .arg(total.elapsed() / 1000.0, 0, 'f', 0));
+    printTable();
     return 0;
 }

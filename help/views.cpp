@@ -23,11 +23,8 @@ void vxmain::buildHelpViews()
     hlpdoc->setBorder(2);
     hlpdoc->setBoxSize(594, 600);
     hlpdoc->setFont(arialBold12());
-    const int line = QFontMetrics(hlpdoc->font(), &hlpdoc->image()).height();
-    // Drawn straight into the box's persistent picture, which the closing line is printed onto.
-    drawHelpPicture(hlpdoc->image(), line);
-    if (QImage *fine = hlpdoc->fine())
-        drawHelpPicture(*fine, line);
+    // The picture itself waits for the first showing of the help: drawing its text and faces took about a
+    // third of start-up, for a view most games never open.
     connect(vxrz_s, &PictureBox::clicked, this, &vxmain::vxrz_s_Click);
     connect(hlpdoc, &PictureBox::clicked, this, &vxmain::hlpdoc_Click);
 }
@@ -63,10 +60,38 @@ void vxmain::vxrz_s_Click()
     vxframe_border->setFillColor(vxframe_border->borderColor());
 }
 
+void vxmain::drawHelpDocument()
+{
+    m_helpDrawn = true;
+    const int line = QFontMetrics(hlpdoc->font(), &hlpdoc->image()).height();
+    // Start-up printed its lines on the white paper, in the free line the drawing leaves for them; the
+    // drawing goes under them, so the box looks as if it had been drawn first. A dense screen's fine
+    // drawing gets the same, at its own resolution.
+    const auto drawUnder = [line](QImage &paper) {
+        QImage drawing(paper.size(), QImage::Format_RGB32);
+        drawing.setDevicePixelRatio(paper.devicePixelRatio());
+        drawHelpPicture(drawing, line);
+        const QRgb white = qRgb(255, 255, 255);
+        for (int y = 0; y < paper.height(); ++y) {
+            auto *row = reinterpret_cast<QRgb *>(paper.scanLine(y));
+            const auto *under = reinterpret_cast<const QRgb *>(drawing.constScanLine(y));
+            for (int x = 0; x < paper.width(); ++x)
+                if (row[x] == white)
+                    row[x] = under[x];
+        }
+    };
+    drawUnder(hlpdoc->image());
+    if (QImage *fine = hlpdoc->fine())
+        drawUnder(*fine);
+    hlpdoc->refresh();
+}
+
 void vxmain::cb_helpdoc_Click()
 {
     if (!m_state.allows(Command::HelpDocument))
         return;
+    if (!m_helpDrawn)
+        drawHelpDocument();
     fr_cmd->hide();
     vxrz->hide();
     for (PictureBox *box : vxpcs)

@@ -7,6 +7,9 @@ pkgs=(cmake g++ make qt6-base-dev qt6-svg-dev qt6-image-formats-plugins libqt6sv
 pkgs+=(fonts-liberation openbox)
 # The install's validators and the .deb package's library dependencies.
 pkgs+=(desktop-file-utils appstream dpkg-dev file)
+# `make bench` (setup-deps.sh bench): the two peer puzzles whose start-up is measured beside the game, and
+# the session bus they expect.
+[ "${1:-}" = bench ] && pkgs+=(sgt-puzzles gnome-taquin dbus-daemon)
 missing=()
 for p in "${pkgs[@]}"; do
     dpkg-query -W -f='${Status}' "$p" 2>/dev/null | grep -q "install ok installed" || missing+=("$p")
