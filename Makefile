@@ -1,5 +1,5 @@
 # Front door: `make` builds, `make run` starts the game, `make test` runs every test, `make bench` measures.
-# `make fuzz` fuzzes the puzzle file reader for FUZZ_SECONDS seconds on one core.
+# `make fuzz` fuzzes the puzzle file reader, then the picture path, each for FUZZ_SECONDS seconds on one core.
 BUILD ?= build
 JOBS ?= $(shell nproc)
 
@@ -19,9 +19,20 @@ build: deps $(BUILD)/CMakeCache.txt
 run: build
 	$(BUILD)/bin/varno
 
-test: build
+SAN_BUILD ?= build-san
+# Every report of the sanitizers, LeakSanitizer's at each test's exit among them, fails the test.
+SAN_ENV = UBSAN_OPTIONS=print_stacktrace=1:halt_on_error=1
+
+$(SAN_BUILD)/CMakeCache.txt:
+	cmake -S . -B $(SAN_BUILD) -DCMAKE_BUILD_TYPE=Debug -DVARNO_SANITIZE=ON
+
+# Every test, then every unit and widget test again in a second build with the address and
+# undefined-behaviour sanitizers (the system tests, which start the real program, run once).
+test: build $(SAN_BUILD)/CMakeCache.txt
 	clang-format --dry-run --Werror $$(git ls-files '*.cpp' '*.h')
 	cd $(BUILD) && ctest --output-on-failure -j $(JOBS)
+	$(SAN_ENV) cmake --build $(SAN_BUILD) -j $(JOBS)
+	cd $(SAN_BUILD) && $(SAN_ENV) ctest --output-on-failure -j $(JOBS) -LE system
 
 bench: build
 	$(BUILD)/bin/varno_bench
@@ -40,9 +51,13 @@ fuzz: build
 	mkdir -p $(FUZZ_BUILD)/corpus
 	cd $(FUZZ_BUILD) && ./fuzz_puzzlefile -max_total_time=$(FUZZ_SECONDS) -jobs=1 -workers=1 -timeout=10 \
 		-max_len=36000 -print_final_stats=1 corpus seeds
+	$(FUZZ_BUILD)/makepictures $(FUZZ_BUILD)/picture-seeds
+	mkdir -p $(FUZZ_BUILD)/picture-corpus
+	cd $(FUZZ_BUILD) && ./fuzz_picture -max_total_time=$(FUZZ_SECONDS) -jobs=1 -workers=1 -timeout=30 \
+		-rss_limit_mb=3072 -max_len=20000 -print_final_stats=1 picture-corpus picture-seeds
 
 format:
 	clang-format -i $$(git ls-files '*.cpp' '*.h')
 
 clean:
-	rm -rf $(BUILD)
+	rm -rf $(BUILD) $(SAN_BUILD)
