@@ -51,10 +51,15 @@ fuzz: build
 	mkdir -p $(FUZZ_BUILD)/corpus
 	cd $(FUZZ_BUILD) && ./fuzz_puzzlefile -max_total_time=$(FUZZ_SECONDS) -jobs=1 -workers=1 -timeout=10 \
 		-max_len=36000 -print_final_stats=1 corpus seeds
-	$(FUZZ_BUILD)/makepictures $(FUZZ_BUILD)/picture-seeds
+	# Small pictures of every kind the path reads, cut down from a starter picture by libjpeg's tools.
+	mkdir -p $(FUZZ_BUILD)/picture-seeds && cd $(FUZZ_BUILD)/picture-seeds && \
+		djpeg -scale 1/8 -bmp ../../$(BUILD)/bin/lib/VX_harbour.jpg > a.bmp && \
+		djpeg -scale 1/8 -bmp -colors 16 ../../$(BUILD)/bin/lib/VX_harbour.jpg > p.bmp && \
+		djpeg -scale 1/8 -gif ../../$(BUILD)/bin/lib/VX_harbour.jpg > a.gif && \
+		cjpeg -quality 50 a.bmp > a.jpg && cjpeg -progressive a.bmp > p.jpg && cjpeg -grayscale a.bmp > g.jpg
 	mkdir -p $(FUZZ_BUILD)/picture-corpus
 	cd $(FUZZ_BUILD) && ./fuzz_picture -max_total_time=$(FUZZ_SECONDS) -jobs=1 -workers=1 -timeout=30 \
-		-rss_limit_mb=3072 -max_len=20000 -print_final_stats=1 picture-corpus picture-seeds
+		-rss_limit_mb=3072 -max_len=40000 -print_final_stats=1 picture-corpus picture-seeds
 
 format:
 	clang-format -i $$(git ls-files '*.cpp' '*.h')

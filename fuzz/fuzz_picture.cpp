@@ -9,20 +9,15 @@
 #include <QFile>
 #include <unistd.h>
 
-namespace
-{
-QString stem;
-}
-
 extern "C" int LLVMFuzzerInitialize(int *argc, char ***argv)
 {
     static QCoreApplication app(*argc, *argv); // the image format plugins
-    stem = QDir(QDir::tempPath()).filePath(QStringLiteral("varno-fuzz-%1.").arg(getpid()));
     return 0;
 }
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
 {
+    static const QString stem = QDir::temp().filePath(QStringLiteral("varno-fuzz-%1.").arg(getpid()));
     const QString path = stem + std::array { "jpg", "gif", "bmp" }[size % 3];
     QFile f(path);
     if (!f.open(QIODevice::WriteOnly | QIODevice::Truncate)
