@@ -1,5 +1,5 @@
 # Front door: `make` builds, `make run` starts the game, `make test` runs every test, `make bench` measures.
-# `make fuzz` fuzzes the puzzle file reader for FUZZ_SECONDS seconds on one core.
+# `make fuzz` fuzzes the puzzle file reader, then the picture path, each for FUZZ_SECONDS seconds on one core.
 BUILD ?= build
 JOBS ?= $(shell nproc)
 
@@ -19,9 +19,20 @@ build: deps $(BUILD)/CMakeCache.txt
 run: build
 	$(BUILD)/bin/varno
 
-test: build
+SAN_BUILD ?= build-san
+# Every report of the sanitizers, LeakSanitizer's at each test's exit among them, fails the test.
+SAN_ENV = UBSAN_OPTIONS=print_stacktrace=1:halt_on_error=1
+
+$(SAN_BUILD)/CMakeCache.txt:
+	cmake -S . -B $(SAN_BUILD) -DCMAKE_BUILD_TYPE=Debug -DVARNO_SANITIZE=ON
+
+# Every test, then every unit and widget test again in a second build with the address and
+# undefined-behaviour sanitizers (the system tests, which start the real program, run once).
+test: build $(SAN_BUILD)/CMakeCache.txt
 	clang-format --dry-run --Werror $$(git ls-files '*.cpp' '*.h')
 	cd $(BUILD) && ctest --output-on-failure -j $(JOBS)
+	$(SAN_ENV) cmake --build $(SAN_BUILD) -j $(JOBS)
+	cd $(SAN_BUILD) && $(SAN_ENV) ctest --output-on-failure -j $(JOBS) -LE system
 
 # Only the benchmark and the programs it starts are built: the tests are not measured.
 bench: deps $(BUILD)/CMakeCache.txt
@@ -51,9 +62,18 @@ fuzz: build
 	mkdir -p $(FUZZ_BUILD)/corpus
 	cd $(FUZZ_BUILD) && ./fuzz_puzzlefile -max_total_time=$(FUZZ_SECONDS) -jobs=1 -workers=1 -timeout=10 \
 		-max_len=36000 -print_final_stats=1 corpus seeds
+	# Small pictures of every kind the path reads, cut down from a starter picture by libjpeg's tools.
+	mkdir -p $(FUZZ_BUILD)/picture-seeds && cd $(FUZZ_BUILD)/picture-seeds && \
+		djpeg -scale 1/8 -bmp ../../$(BUILD)/bin/lib/VX_harbour.jpg > a.bmp && \
+		djpeg -scale 1/8 -bmp -colors 16 ../../$(BUILD)/bin/lib/VX_harbour.jpg > p.bmp && \
+		djpeg -scale 1/8 -gif ../../$(BUILD)/bin/lib/VX_harbour.jpg > a.gif && \
+		cjpeg -quality 50 a.bmp > a.jpg && cjpeg -progressive a.bmp > p.jpg && cjpeg -grayscale a.bmp > g.jpg
+	mkdir -p $(FUZZ_BUILD)/picture-corpus
+	cd $(FUZZ_BUILD) && ./fuzz_picture -max_total_time=$(FUZZ_SECONDS) -jobs=1 -workers=1 -timeout=30 \
+		-rss_limit_mb=3072 -max_len=40000 -print_final_stats=1 picture-corpus picture-seeds
 
 format:
 	clang-format -i $$(git ls-files '*.cpp' '*.h')
 
 clean:
-	rm -rf $(BUILD)
+	rm -rf $(BUILD) $(SAN_BUILD)

@@ -38,6 +38,39 @@ namespace
         return lastScan >= 0 && lastEnd > lastScan;
     }
 
+    // Qt shows the missing part of a cut-off GIF as empty and calls it a success; the blocks of a whole
+    // file run on to its trailer.
+    bool gifIsComplete(const QString &path)
+    {
+        QFile f(path);
+        if (!f.open(QIODevice::ReadOnly))
+            return false;
+        const qint64 size = f.size();
+        const uchar *b = f.map(0, size);
+        if (!b)
+            return true; // cannot tell; the decoder decides
+        const auto colourTable = [](uchar flags) { return flags & 0x80 ? 3 * (2 << (flags & 7)) : 0; };
+        qint64 at = size < 13 ? size : 13 + colourTable(b[10]);
+        const auto skipSubBlocks = [&] {
+            while (at < size && b[at] != 0)
+                at += 1 + b[at];
+            ++at;
+        };
+        while (at < size) {
+            if (b[at] == 0x3B) // the trailer
+                return true;
+            if (b[at] == 0x21) { // an extension: its label, then its data
+                at += 2;
+            } else if (b[at] == 0x2C && at + 10 < size) { // a frame: its place, colours and code size
+                at += 10 + colourTable(b[at + 9]) + 1;
+            } else {
+                return false;
+            }
+            skipSubBlocks();
+        }
+        return false;
+    }
+
     // Qt shows the missing rows of a cut-off BMP as black and calls it a success; uncompressed rows have a
     // size known from the header.
     bool bmpIsComplete(const QString &path)
@@ -186,6 +219,8 @@ Header probe(const QString &path)
 {
     const QFileInfo info(path);
     const QString name = info.fileName();
+    if (info.isDir())
+        return { {}, QStringLiteral("%1 is a folder, not a picture file.").arg(path) };
     if (!info.exists() || !info.isFile())
         return { {}, QStringLiteral("The picture file %1 cannot be found.").arg(path) };
     if (info.size() == 0)
@@ -208,6 +243,9 @@ Header probe(const QString &path)
                 .arg(size.height()) };
     if (reader.format() == "jpeg" && !jpegIsComplete(path))
         return { {}, QStringLiteral("The picture file %1 is incomplete and cannot be read.").arg(name) };
+    if (reader.format() == "gif" && !gifIsComplete(path))
+        return { {},
+            QStringLiteral("The picture file %1 is damaged or incomplete and cannot be read.").arg(name) };
     if (reader.format() == "bmp" && !bmpIsComplete(path))
         return { {}, QStringLiteral("The picture file %1 is incomplete and cannot be read.").arg(name) };
     if (swapsSides(reader.transformation()))

@@ -2,7 +2,7 @@
 # Installs what the build, the tests and the benchmarks need on a Debian machine, only what is missing.
 set -euo pipefail
 pkgs=(cmake g++ make qt6-base-dev qt6-svg-dev qt6-image-formats-plugins libqt6svg6 libxcb1-dev
-      xvfb xauth xdotool x11-utils libjpeg-turbo-progs clang-format)
+      xvfb xauth xdotool x11-utils libjpeg-turbo-progs libjpeg-dev clang-format)
 # The help document's font (metric twin of Arial) and a small window manager for the minimise test.
 pkgs+=(fonts-liberation openbox)
 # The install's validators and the .deb package's library dependencies.

@@ -36,6 +36,28 @@ private slots:
         third.kill();
         third.waitForFinished();
     }
+
+    // Fifty starts at once, none running before: exactly one game stays (a window is made only after the
+    // check), the others end at once and silently.
+    void fiftyStartsAtOnceLeaveOneGame()
+    {
+        std::array<QProcess, 50> starts;
+        for (QProcess &p : starts)
+            p.start(QStringLiteral(VARNO_EXE), {});
+        const auto running = [&] {
+            return std::count_if(
+                starts.begin(), starts.end(), [](QProcess &p) { return p.state() != QProcess::NotRunning; });
+        };
+        QTRY_COMPARE_WITH_TIMEOUT(running(), 1, 60000);
+        QTest::qWait(1000);
+        QCOMPARE(running(), 1);
+        for (QProcess &p : starts) {
+            QVERIFY(p.state() != QProcess::NotRunning
+                || (p.exitStatus() == QProcess::NormalExit && p.exitCode() == 0));
+            p.kill();
+            p.waitForFinished();
+        }
+    }
 };
 
 QTEST_GUILESS_MAIN(SingleInstanceTest)

@@ -1,0 +1,182 @@
+// Hostile pictures through "Open Image" during a puzzle: each one plays, showing what it holds, or is
+// refused with what is wrong while the puzzle and the board stay as they were.
+#include "game.h"
+#include "tools/exifwriter.h"
+#include "tools/gifwriter.h"
+
+#include <QBuffer>
+#include <QDir>
+#include <QPainter>
+#include <QTest>
+#include <jpeglib.h>
+#include <unistd.h>
+
+namespace
+{
+const QImage Scene = picturegen::scene({ 64, 48 }, 4);
+
+QByteArray encode(const QImage &img, const char *format, bool progressive = false)
+{
+    QBuffer buf;
+    buf.open(QIODevice::WriteOnly);
+    QImageWriter writer(&buf, format);
+    writer.setProgressiveScanWrite(progressive);
+    return writer.write(img) ? buf.data() : QByteArray();
+}
+
+QByteArray gif(const QImage &img)
+{
+    QTemporaryDir dir;
+    QFile f(dir.filePath(QStringLiteral("a.gif")));
+    return gifwriter::write(img, f.fileName()) && f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
+}
+
+// Adobe's CMYK, stored inverted, which Qt cannot write: the scene's colours with no black.
+QByteArray cmyk()
+{
+    jpeg_compress_struct c {};
+    jpeg_error_mgr e {};
+    c.err = jpeg_std_error(&e);
+    jpeg_create_compress(&c);
+    unsigned char *mem = nullptr;
+    unsigned long size = 0;
+    jpeg_mem_dest(&c, &mem, &size);
+    c.image_width = 64, c.image_height = 48, c.input_components = 4, c.in_color_space = JCS_CMYK;
+    jpeg_set_defaults(&c);
+    jpeg_start_compress(&c, TRUE);
+    for (QImage row = Scene.convertToFormat(QImage::Format_RGBX8888); c.next_scanline < 48;) {
+        auto *r = row.scanLine(int(c.next_scanline));
+        jpeg_write_scanlines(&c, &r, 1);
+    }
+    jpeg_finish_compress(&c);
+    jpeg_destroy_compress(&c);
+    const QByteArray out(reinterpret_cast<const char *>(mem), qsizetype(size));
+    free(mem);
+    return out;
+}
+
+// img (64 x 48, ARGB32) as a 32-bit BMP with an alpha mask in a version 4 header; Qt drops the alpha.
+QByteArray bmpWithAlpha(const QImage &img)
+{
+    QByteArray out = QByteArray::fromHex("424d7a300000000000007a0000006c0000004000000030000000010020000300"
+                                         "000000300000130b0000130b000000000000000000000000ff0000ff0000ff00"
+                                         "0000000000ff42475273")
+        + QByteArray(48, '\0');
+    for (int y = 47; y >= 0; --y) // bottom-up rows of blue, green, red and alpha
+        out.append(reinterpret_cast<const char *>(img.constScanLine(y)), 64 * 4);
+    return out;
+}
+
+// One bit flipped in every 97 bytes past the first 20.
+QByteArray flipped(QByteArray b)
+{
+    for (qsizetype i = 20; i < b.size(); i += 97)
+        b[i] = char(b[i] ^ (1 << (i % 8)));
+    return b;
+}
+
+// The mean summed channel difference between the tile source and img, both reduced to 16 x 12.
+int difference(const QImage &source, const QImage &img)
+{
+    const auto small = [](const QImage &i) {
+        return i.scaled(16, 12, Qt::IgnoreAspectRatio, Qt::SmoothTransformation)
+            .convertToFormat(QImage::Format_RGB32);
+    };
+    const QImage a = small(source.copy(0, 0, source.width() - 1, source.height() - 1)), b = small(img);
+    int sum = 0;
+    for (int i = 0; i < 16 * 12; ++i) {
+        const QRgb p = a.pixel(i % 16, i / 16), q = b.pixel(i % 16, i / 16);
+        sum += qAbs(qRed(p) - qRed(q)) + qAbs(qGreen(p) - qGreen(q)) + qAbs(qBlue(p) - qBlue(q));
+    }
+    return sum / (16 * 12);
+}
+} // namespace
+
+class HostileTest : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void hostilePicturePlaysOrIsRefused_data()
+    {
+        QTest::addColumn<QString>("name"); // x.jpg: a folder
+        QTest::addColumn<QByteArray>("bytes"); // null: the scene without read permission
+        QTest::addColumn<int>("n");
+        QTest::addColumn<QString>("says"); // the refusal's reason; empty: it plays
+        QTest::addColumn<QImage>("shows"); // what a picture that plays shows; null: not compared
+        const QByteArray jpeg = encode(Scene, "jpg"), bmp = encode(Scene, "bmp"), gif1 = gif(Scene);
+        QImage alpha = Scene.convertToFormat(QImage::Format_ARGB32), overWhite = Scene; // right half clear
+        for (int i = 0; i < 32 * 48; ++i)
+            alpha.setPixel(32 + i % 32, i / 32, 0), overWhite.setPixel(32 + i % 32, i / 32, 0xFFFFFFFF);
+        const QImage grey = Scene.convertToFormat(QImage::Format_Grayscale8), dot = Scene.copy(0, 0, 1, 1);
+        const auto tall = [](int w, int h) { return encode(QImage(w, h, QImage::Format_RGB32), "bmp"); };
+        const auto row
+            = [](const char *tag, const char *name, const QByteArray &b, int n, const char *says,
+                  const QImage &shows = QImage()) { QTest::newRow(tag) << name << b << n << says << shows; };
+        row("truncated gif", "a.gif", gif1.left(gif1.size() / 2), 6, "incomplete");
+        row("bit-flipped jpeg", "a.jpg", flipped(jpeg), 6, "damaged");
+        row("bit-flipped gif", "a.gif", flipped(gif1), 6, "");
+        row("bit-flipped bmp", "a.bmp", flipped(bmp), 6, "incomplete");
+        row("1 x 1", "a.bmp", encode(dot, "bmp"), 11, "", dot);
+        row("1 x 4000", "a.bmp", tall(1, 4000), 2, "too narrow");
+        row("4000 x 1", "a.bmp", tall(4000, 1), 2, "too flat");
+        row("40 x 4000 at 2", "a.bmp", tall(40, 4000), 2, "");
+        row("40 x 4000 at 6", "a.bmp", tall(40, 4000), 6, "too narrow");
+        row("jpeg claims 65535", "a.jpg",
+            QByteArray(jpeg).replace(jpeg.indexOf("\xFF\xC0") + 5, 4, "\xFF\xFF\xFF\xFF"), 6, "damaged");
+        row("bmp claims 65535", "a.bmp",
+            QByteArray(bmp).replace(18, 8, QByteArray::fromHex("ffff0000ffff0000")), 6, "damaged");
+        row("animated gif", "a.gif", gif1.chopped(1) + gif1.mid(13 + 3 * 256), 6, "", QImage::fromData(gif1));
+        row("greyscale jpeg", "a.jpg", encode(grey, "jpg"), 6, "", grey);
+        row("cmyk jpeg", "a.jpg", cmyk(), 6, "", Scene);
+        row("progressive jpeg", "a.jpg", encode(Scene, "jpg", true), 6, "", Scene);
+        row("palette bmp", "a.bmp", encode(Scene.convertToFormat(QImage::Format_Indexed8), "bmp"), 6, "",
+            Scene);
+        row("32-bit bmp with alpha", "a.bmp", bmpWithAlpha(alpha), 6, "", overWhite);
+        for (int o = 1; o <= 8; ++o) { // stored turned or mirrored the way the orientation undoes
+            const QImage turned = Scene.transformed(QTransform().rotate(o >= 5 ? (o == 6 ? -90 : 90) : 0))
+                                      .mirrored(o == 2 || o == 5, o == 4 || o == 7)
+                                      .transformed(QTransform().rotate(o == 3 ? 180 : 0));
+            row(qPrintable(QStringLiteral("exif orientation %1").arg(o)), "a.jpg",
+                exifwriter::withExif(encode(turned, "jpg"), o, {}), 6, "", Scene);
+        }
+        row("no read permission", "a.jpg", QByteArray(), 6, geteuid() == 0 ? "" : "cannot be read");
+        row("folder named x.jpg", "x.jpg", "", 6, "is a folder");
+    }
+    void hostilePicturePlaysOrIsRefused()
+    {
+        QFETCH(QString, name);
+        QFETCH(QByteArray, bytes);
+        QFETCH(int, n);
+        QFETCH(QString, says);
+        QFETCH(QImage, shows);
+        Game g;
+        QVERIFY(g.play(Codes::Drag, Integer(n)));
+        const QString path = g.dir.filePath(name);
+        QVERIFY(name == "x.jpg"  ? QDir().mkpath(path)
+                : bytes.isNull() ? QFile::setPermissions(g.picture(name, Scene), {})
+                                 : !g.file(name, bytes).isEmpty());
+        const PuzzleState before = g.s();
+        const QImage board = g.w.vxrz->image();
+        g.tp.files.choose(path);
+        g.w.cb_new_Click();
+        if (!says.isEmpty()) {
+            const AskedBox m = g.tp.messages.asked.value(0);
+            QVERIFY2(g.tp.messages.asked.size() == 1 && m.title == "Open - ERROR" && m.text.contains(says),
+                qPrintable(m.text));
+            QVERIFY(g.s().InPlay && g.s().PicFile == before.PicFile && g.s().Board == before.Board);
+            QCOMPARE(g.w.vxrz->image(), board);
+            return;
+        }
+        QVERIFY2(g.tp.messages.asked.isEmpty() && g.s().PicFile == path,
+            qPrintable(g.tp.messages.asked.value(0).text));
+        QVERIFY2(shows.isNull() || difference(g.w.vxrz_s->image(), shows) < 12,
+            qPrintable(QString::number(difference(g.w.vxrz_s->image(), shows))));
+        g.w.cb_scramble_Click();
+        for (int p = 0; p < g.s().TileTotal; ++p)
+            QVERIFY(g.s().InPlay && placeShowsRecord(g.w, p));
+    }
+};
+
+QTEST_MAIN(HostileTest)
+#include "tst_hostile.moc"
