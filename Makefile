@@ -3,7 +3,7 @@
 BUILD ?= build
 JOBS ?= $(shell nproc)
 
-.PHONY: all deps build run test bench format clean fuzz install package
+.PHONY: all deps build run test soak bench format clean fuzz install package
 
 all: build
 
@@ -33,6 +33,12 @@ test: build $(SAN_BUILD)/CMakeCache.txt
 	cd $(BUILD) && ctest --output-on-failure -j $(JOBS)
 	$(SAN_ENV) cmake --build $(SAN_BUILD) -j $(JOBS)
 	cd $(SAN_BUILD) && $(SAN_ENV) ctest --output-on-failure -j $(JOBS) -LE system
+
+# The long runs: 100,000 random presses and drags with 1,000 save and load cycles; then the whole game in
+# real windows with the sanitized program, whose exit through "Exit" must leave no leak.
+soak: test
+	QT_QPA_PLATFORM=offscreen VARNO_SOAK=1 $(BUILD)/bin/tst_soak
+	cd $(SAN_BUILD) && $(SAN_ENV) ctest --output-on-failure -L system -R 'tst_real'
 
 # Only the benchmark and the programs it starts are built: the tests are not measured.
 bench: deps $(BUILD)/CMakeCache.txt

@@ -7,7 +7,6 @@
 
 #include <QPushButton>
 #include <QRadioButton>
-#include <QRandomGenerator>
 #include <QTest>
 
 namespace
@@ -84,17 +83,6 @@ class DragDropTest : public QObject
     Q_OBJECT
 
 private slots:
-    // The offscreen platform has no pointer to grab: Qt still gives the grabbing widget every mouse
-    // event, and the platform warns on each grab and release.
-    void initTestCase()
-    {
-        static const QtMessageHandler log
-            = qInstallMessageHandler([](QtMsgType t, const QMessageLogContext &c, const QString &m) {
-                  if (!m.startsWith(QLatin1String("This plugin does not support")))
-                      log(t, c, m);
-              });
-    }
-
     // The target is the point 4 pixels above and left of the pointer, tested half-open against the
     // board; a piece dropped nowhere goes back to place 5 and the tables stay as they were.
     void dropPointDecidesTarget_data()
@@ -218,50 +206,6 @@ private slots:
         dropAt(w, holderPoint(w, 0));
         QVERIFY(g.s().InPlay && !g.s().HintMode && g.s().PuzType == Codes::Drag);
         QVERIFY(idle(w) && tablesShown(w, before, act >= Deactivated ? 0 : 35, 0));
-    }
-
-    // Whatever the lifts (an empty holder lifts nothing) and drops, the tables stay whole and the board
-    // and the tray show them; the drop that puts the last piece home ends play.
-    void randomDragsKeepEveryPieceOnce()
-    {
-        for (int n : { 2, 5, 11 }) {
-            Game g;
-            QVERIFY(g.play(Codes::Drag, Integer(n), quint32(n)));
-            vxmain &w = g.w;
-            const PuzzleState &s = w.state();
-            QRandomGenerator rnd(quint32(100 + n));
-            const QRect board = w.vxrz->geometry();
-            int solved = 0;
-            for (int step = 0; step < 250; ++step) {
-                const int from = rnd.bounded(s.TileTotal + (rnd.bounded(4) == 0 ? n : 0));
-                const Held before = held(s);
-                // Anywhere on the board box (its last pixel row and column count as the last place), on the
-                // piece's home, on a tray box, or left of the frame.
-                int to = from;
-                QPoint drop(rnd.bounded(board.x() - 8), board.y() + rnd.bounded(board.height()));
-                if (const int r = rnd.bounded(6); r == 1) {
-                    to = s.TileTotal + rnd.bounded(n);
-                    drop = holderPoint(w, to, QPoint(rnd.bounded(s.TileW), rnd.bounded(s.TileH)));
-                } else if (r > 1) {
-                    QPoint in(rnd.bounded(board.width()), rnd.bounded(board.height()));
-                    if (r > 2 && before[from].Home >= 0) // home, so that puzzles get solved
-                        in = holderPoint(
-                                 w, before[from].Home, QPoint(rnd.bounded(s.TileW), rnd.bounded(s.TileH)))
-                            - board.topLeft();
-                    to = std::min(in.y() / s.TileH, n - 1) * n + std::min(in.x() / s.TileW, n - 1);
-                    drop = board.topLeft() + in;
-                }
-                lift(w, from);
-                dropAt(w, drop);
-                QVERIFY2(tablesShown(w, before, from, before[from].Home < 0 ? from : to),
-                    qPrintable(QStringLiteral("n %1, step %2, %3 to %4").arg(n).arg(step).arg(from).arg(to)));
-                if (!s.InPlay) {
-                    ++solved;
-                    w.cb_scramble_Click();
-                }
-            }
-            QVERIFY(solved > 0 || n > 2);
-        }
     }
 };
 
