@@ -113,6 +113,15 @@ private slots:
         const auto row
             = [](const char *tag, const char *name, const QByteArray &b, int n, const char *says,
                   const QImage &shows = QImage()) { QTest::newRow(tag) << name << b << n << says << shows; };
+        QByteArray huge = gif1; // the screen's and the image's sizes
+        for (const qsizetype at : { qsizetype(6), huge.indexOf(',') + 5 })
+            huge.replace(at, 4, "\xFF\xFF\xFF\xFF");
+        row("missing", "gone.jpg", QByteArray(), 6, "cannot be found");
+        row("zero bytes", "a.gif", "", 6, "is empty");
+        row("text named .jpg", "a.jpg", "just some words", 6, "not a picture");
+        row("truncated jpeg", "a.jpg", jpeg.left(jpeg.size() / 2), 6, "incomplete");
+        row("truncated bmp", "a.bmp", bmp.left(bmp.size() / 2), 6, "incomplete");
+        row("gif claims 65535", "a.gif", huge, 6, "too large");
         row("truncated gif", "a.gif", gif1.left(gif1.size() / 2), 6, "incomplete");
         row("bit-flipped jpeg", "a.jpg", flipped(jpeg), 6, "damaged");
         row("bit-flipped gif", "a.gif", flipped(gif1), 6, "");
