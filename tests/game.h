@@ -5,12 +5,49 @@
 #include "app/vxmain.h"
 #include "doubles.h"
 #include "platform/picturebox.h"
+#include "tools/gifwriter.h"
 #include "tools/picturegen.h"
 
+#include <QBuffer>
 #include <QFile>
 #include <QFileInfo>
 #include <QImageWriter>
 #include <QTemporaryDir>
+
+inline QByteArray bytesOf(const QString &path)
+{
+    QFile f(path);
+    return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
+}
+
+// img as a file of the format (jpg, bmp or gif, which Qt cannot write) would hold it.
+inline QByteArray encode(const QImage &img, const char *format, bool progressive = false)
+{
+    if (qstrcmp(format, "gif") == 0) {
+        QTemporaryDir dir;
+        return gifwriter::write(img, dir.filePath("a.gif")) ? bytesOf(dir.filePath("a.gif")) : QByteArray();
+    }
+    QBuffer buf;
+    buf.open(QIODevice::WriteOnly);
+    QImageWriter writer(&buf, format);
+    writer.setQuality(95);
+    writer.setProgressiveScanWrite(progressive);
+    return writer.write(img) ? buf.data() : QByteArray();
+}
+
+// How far img is from reference smoothly scaled to its size: the mean over the pixels of the summed
+// channel differences. A nearest-pixel scale, or a shift by a third of a pixel, gives 10.
+inline double difference(const QImage &img, const QImage &reference)
+{
+    const QImage smooth = reference.scaled(img.size(), Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+    qint64 sum = 0;
+    for (int y = 0; y < img.height(); ++y)
+        for (int x = 0; x < img.width(); ++x) {
+            const QRgb a = img.pixel(x, y), b = smooth.pixel(x, y);
+            sum += qAbs(qRed(a) - qRed(b)) + qAbs(qGreen(a) - qGreen(b)) + qAbs(qBlue(a) - qBlue(b));
+        }
+    return double(sum) / img.width() / img.height();
+}
 
 // The colour of the blank image on empty places and tray boxes.
 inline const QRgb BlankColour = qRgb(255, 192, 192);
@@ -40,12 +77,8 @@ struct Game {
     // A picture file beside the program, in the format its name ends with.
     QString picture(const QString &name, const QImage &img)
     {
-        const QString path = dir.filePath(name);
-        QImageWriter writer(path);
-        writer.setQuality(95);
-        if (!writer.write(img))
-            qFatal("cannot write %s", qPrintable(path));
-        return path;
+        const QByteArray bytes = encode(img, qPrintable(QFileInfo(name).suffix()));
+        return bytes.isEmpty() ? qFatal("cannot encode %s", qPrintable(name)), QString() : file(name, bytes);
     }
     bool load(const QString &path)
     {

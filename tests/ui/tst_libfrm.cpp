@@ -126,10 +126,7 @@ private slots:
     void embeddedThumbnail()
     {
         Game g;
-        const auto jpeg = [&](const QImage &img) {
-            QFile f(g.picture("part.jpg", img));
-            return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
-        };
+        const auto jpeg = [](const QImage &img) { return encode(img, "jpg"); };
         QImage thumb = solid({ 160, 120 }, qRgb(0, 0, 255));
         QPainter(&thumb).fillRect(0, 0, 80, 60, Qt::yellow);
         const QString path = g.file(

@@ -5,7 +5,6 @@
 #include "platform/shapes.h"
 #include "render/picturefile.h"
 
-#include <QBuffer>
 #include <QComboBox>
 #include <QDataStream>
 #include <QDir>
@@ -19,15 +18,6 @@ namespace
 const QList<PointerShape> HourglassThenDefault { PointerShape::Hourglass, PointerShape::Default };
 // A 1 x 1 GIF, written by hand because Qt has no GIF writer.
 const QByteArray Gif = QByteArray::fromBase64("R0lGODlhAQABAIAAAP///wAAACwAAAAAAQABAAACAkQBADs=");
-
-QByteArray encode(const QImage &img, const char *format)
-{
-    QByteArray out;
-    QBuffer buf(&out);
-    buf.open(QIODevice::WriteOnly);
-    img.save(&buf, format, 95);
-    return out;
-}
 
 // A whole uncompressed BMP of img, 24 or 32 bits per pixel, rows stored bottom-up or top-down.
 QByteArray bmpFile(const QImage &img, int bits, bool topDown)
@@ -49,22 +39,6 @@ QByteArray bmpFile(const QImage &img, int bits, bool topDown)
         out += row;
     }
     return out;
-}
-
-// How far img is from a smooth scale of the picture in path, turned upright: the mean over the pixels
-// of the summed channel differences. A nearest-pixel scale, or a shift by a third of a pixel, gives 10.
-double differenceFromSmoothScale(const QImage &img, const QString &path)
-{
-    QImageReader reader(path);
-    reader.setAutoTransform(true);
-    const QImage smooth = reader.read().scaled(img.size(), Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
-    qint64 sum = 0;
-    for (int y = 0; y < img.height(); ++y)
-        for (int x = 0; x < img.width(); ++x) {
-            const QRgb a = img.pixel(x, y), b = smooth.pixel(x, y);
-            sum += qAbs(qRed(a) - qRed(b)) + qAbs(qGreen(a) - qGreen(b)) + qAbs(qBlue(a) - qBlue(b));
-        }
-    return double(sum) / img.width() / img.height();
 }
 
 const QString Cancel = QStringLiteral("<cancel>");
@@ -131,8 +105,8 @@ private slots:
         QCOMPARE(QSize(g.s().TileW * 6 + 1, g.s().TileH * 6 + 1), board);
         QCOMPARE(g.w.vxrz->size(), board);
         QCOMPARE(g.w.vxrz->image(), g.w.vxrz_s->image());
-        const double difference = differenceFromSmoothScale(g.w.vxrz_s->image(), path);
-        QVERIFY2(difference < limit, qPrintable(QString::number(difference)));
+        const double d = difference(g.w.vxrz_s->image(), QImage(path));
+        QVERIFY2(d < limit, qPrintable(QString::number(d)));
         QCOMPARE(g.w.vxblank->image().pixel(0, 0), BlankColour);
         QVERIFY(g.s().InPlay && g.tp.messages.asked.isEmpty());
         QCOMPARE(g.tp.pointers.history, HourglassThenDefault);
@@ -194,7 +168,7 @@ private slots:
             QCOMPARE(reader.format(), QByteArray("bmp"));
             const QImage img = reader.read();
             QCOMPARE(img.size(), size);
-            QVERIFY(differenceFromSmoothScale(img, source) < 9);
+            QVERIFY(difference(img, QImage(source)) < 9);
         }
     }
 

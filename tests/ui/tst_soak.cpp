@@ -10,12 +10,6 @@ namespace
 {
 const bool LongRun = qEnvironmentVariableIntValue("VARNO_SOAK") == 1;
 
-QByteArray bytesOf(const QString &path)
-{
-    QFile f(path);
-    return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
-}
-
 // A press anywhere on the board (type "S"); a lift from the board or a tray box and a drop on either or
 // anywhere in the window (type "D").
 void randomMove(Game &g, QRandomGenerator &rng)

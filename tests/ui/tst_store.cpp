@@ -13,11 +13,6 @@ namespace
 {
 using Craft = std::function<void(QByteArray &, const PuzzleState &)>;
 
-QByteArray bytesOf(const QString &path)
-{
-    QFile f(path);
-    return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
-}
 // An Int16 at offset f of the header (r < 0), or in field f (SrcX, SrcY, Home) of record r: the board's
 // records, then the tray's.
 void set16(QByteArray &b, const PuzzleState &s, int r, int f, int v)
