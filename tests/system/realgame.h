@@ -1,5 +1,6 @@
-// The real program in a real X window under a private Xvfb, driven as a person would: the mouse and the
-// keyboard through xdotool, the screen read back through screenshots. Shared by the real-window tests.
+// The real program in a real X window, driven as a person would: the mouse and the keyboard through
+// xdotool, the screen read back through screenshots. Shared by the real-window tests, each of which runs
+// under its own Xvfb.
 #pragma once
 
 #include <QApplication>
@@ -10,26 +11,6 @@
 #include <QScreen>
 #include <QTemporaryDir>
 #include <QTest>
-
-// A private 1280 x 1024 Xvfb server for the test, on a display it picks itself and names once it takes
-// clients; ended with the test.
-struct XServer {
-    QProcess proc;
-    QString display;
-    bool start()
-    {
-        proc.start(QStringLiteral("Xvfb"),
-            { "-displayfd", "1", "-screen", "0", "1280x1024x24", "-nolisten", "tcp" });
-        display
-            = proc.waitForReadyRead(10000) ? ":" + QString::fromLatin1(proc.readLine()).trimmed() : QString();
-        return !display.isEmpty();
-    }
-    ~XServer()
-    {
-        proc.terminate();
-        proc.waitForFinished(3000);
-    }
-};
 
 inline QString xdotool(const QStringList &args)
 {
@@ -155,19 +136,3 @@ public:
         QTest::qWait(200);
     }
 };
-
-// A real-window test's main: its own Xvfb, the xcb platform, then the test object.
-#define REALWINDOW_MAIN(TestClass)                                                                           \
-    int main(int argc, char **argv)                                                                          \
-    {                                                                                                        \
-        XServer x;                                                                                           \
-        if (!x.start()) {                                                                                    \
-            qCritical("cannot start Xvfb");                                                                  \
-            return 1;                                                                                        \
-        }                                                                                                    \
-        qputenv("DISPLAY", x.display.toLocal8Bit());                                                         \
-        qputenv("QT_QPA_PLATFORM", "xcb");                                                                   \
-        QApplication app(argc, argv);                                                                        \
-        TestClass test;                                                                                      \
-        return QTest::qExec(&test, argc, argv);                                                              \
-    }

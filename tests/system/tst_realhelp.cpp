@@ -108,5 +108,5 @@ private slots:
         }
     }
 };
-REALWINDOW_MAIN(RealHelpTest)
+QTEST_MAIN(RealHelpTest)
 #include "tst_realhelp.moc"

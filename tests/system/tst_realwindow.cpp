@@ -155,5 +155,5 @@ private slots:
         QTRY_VERIFY_WITH_TIMEOUT(!QFileInfo::exists(gif), 10000);
     }
 };
-REALWINDOW_MAIN(RealWindowTest)
+QTEST_MAIN(RealWindowTest)
 #include "tst_realwindow.moc"
