@@ -1,5 +1,4 @@
-// The library window: browsing, adding, choosing and leaving, deleting by a drag, a file deleted while
-// shown, camera thumbnails.
+// The library window: browsing, adding, choosing and leaving, deleting by a drag, camera thumbnails.
 #include "exifwriter.h"
 #include "game.h"
 #include "pictures/libfrm.h"
@@ -105,21 +104,6 @@ private slots:
                 QCOMPARE(d.result(), int(count > 1));
             });
         }
-    }
-
-    // A file deleted after its thumbnail was read is refused when chosen, and the game goes on.
-    void fileDeletedWhileShownIsRefused()
-    {
-        Game g;
-        const QString pic = g.picture("lib/VX_a.bmp", picturegen::scene({ 300, 200 }, 3));
-        g.tp.modals.script = [&](QDialog &d) {
-            QFile::remove(pic);
-            static_cast<libfrm &>(d).libimg_DblClick(0);
-            static_cast<libfrm &>(d).cb_cancel->click();
-        };
-        g.w.cb_lib_Click();
-        QVERIFY(g.tp.messages.asked.size() == 1 && g.tp.messages.asked[0].text.contains("cannot be found"));
-        QVERIFY(g.s().PicFile.isEmpty() && !g.s().InPlay);
     }
 
     // A camera's embedded thumbnail shows, turned as the picture is: the yellow corner lands top right.

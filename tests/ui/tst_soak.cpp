@@ -28,8 +28,9 @@ void randomMove(Game &g, QRandomGenerator &rng)
     g.w.Form_MouseUp(drop.x(), drop.y());
 }
 
-// Sound as a load checks it (every home held once, the blank, the count at home, the sources), and every
-// holder shows what it holds; a solved puzzle shows the whole picture.
+// Sound as a load checks it (every home held once, the blank, the count at home, the sources), every
+// holder shows what it holds and the grid was drawn again (drawing it once more changes nothing); a
+// solved puzzle shows the whole picture.
 bool sound(Game &g)
 {
     const PuzzleState &s = g.s();
@@ -37,7 +38,10 @@ bool sound(Game &g)
     const auto *p = std::get_if<puzzlefile::SavedPuzzle>(&saved);
     if (!s.InPlay)
         return s.InPlace == s.TileTotal && g.w.vxrz->image() == g.w.vxrz_s->image();
-    return p && !puzzlefile::checkSources(*p, s.TileW, s.TileH) && holdersShowTables(g.w);
+    const QImage shown = g.w.vxrz->image();
+    g.w.DrawLines();
+    return p && !puzzlefile::checkSources(*p, s.TileW, s.TileH) && holdersShowTables(g.w)
+        && g.w.vxrz->image() == shown;
 }
 } // namespace
 

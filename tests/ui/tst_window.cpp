@@ -91,15 +91,14 @@ private slots:
         g.s().PuzType = type;
         g.s().setGridSize(Integer(n));
         g.w.vxrz->setBoxSize(box.width(), box.height());
-        g.w.ScrResize();
-        QList<QRect> first;
-        for (QWidget *c : g.w.client()->findChildren<QWidget *>())
-            first << c->geometry();
-        g.w.ScrResize();
-        QList<QRect> second;
-        for (QWidget *c : g.w.client()->findChildren<QWidget *>())
-            second << c->geometry();
-        QCOMPARE(second, first);
+        const auto laidOut = [&] {
+            g.w.ScrResize();
+            QList<QRect> all;
+            for (QWidget *c : g.w.client()->findChildren<QWidget *>())
+                all << c->geometry();
+            return all;
+        };
+        QCOMPARE(laidOut(), laidOut());
         QTEST(QSize(g.s().TileW, g.s().TileH), "tile");
         QTEST(g.w.vxrz->geometry(), "board");
         QTEST(g.w.vxframe_main->geometry(), "frame");
