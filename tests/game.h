@@ -3,6 +3,7 @@
 #pragma once
 
 #include "app/vxmain.h"
+#include "difference.h"
 #include "doubles.h"
 #include "platform/picturebox.h"
 #include "tools/gifwriter.h"
@@ -33,20 +34,6 @@ inline QByteArray encode(const QImage &img, const char *format, bool progressive
     writer.setQuality(95);
     writer.setProgressiveScanWrite(progressive);
     return writer.write(img) ? buf.data() : QByteArray();
-}
-
-// How far img is from reference smoothly scaled to its size: the mean over the pixels of the summed
-// channel differences. A nearest-pixel scale, or a shift by a third of a pixel, gives 10.
-inline double difference(const QImage &img, const QImage &reference)
-{
-    const QImage smooth = reference.scaled(img.size(), Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
-    qint64 sum = 0;
-    for (int y = 0; y < img.height(); ++y)
-        for (int x = 0; x < img.width(); ++x) {
-            const QRgb a = img.pixel(x, y), b = smooth.pixel(x, y);
-            sum += qAbs(qRed(a) - qRed(b)) + qAbs(qGreen(a) - qGreen(b)) + qAbs(qBlue(a) - qBlue(b));
-        }
-    return double(sum) / img.width() / img.height();
 }
 
 // The colour of the blank image on empty places and tray boxes.
