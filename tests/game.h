@@ -6,6 +6,7 @@
 #include "difference.h"
 #include "doubles.h"
 #include "platform/picturebox.h"
+#include "platform/shapes.h"
 #include "tools/gifwriter.h"
 #include "tools/picturegen.h"
 
@@ -92,6 +93,12 @@ struct Game {
         return s().InPlay;
     }
 };
+
+// The four bars of the frame round the board are shown.
+inline bool framed(const vxmain &w)
+{
+    return w.vxfr_t->isVisible() && w.vxfr_r->isVisible() && w.vxfr_b->isVisible() && w.vxfr_l->isVisible();
+}
 
 // What a holder shows inside its lines: the piece's part of the whole picture, or the blank image.
 inline QImage expectedInside(const vxmain &w, const TileRec &t, QSize inner)
