@@ -3,8 +3,8 @@
 #pragma once
 
 #include "app/vxmain.h"
-#include "difference.h"
 #include "doubles.h"
+#include "measure.h"
 #include "platform/picturebox.h"
 #include "platform/shapes.h"
 #include "tools/gifwriter.h"
@@ -15,12 +15,6 @@
 #include <QFileInfo>
 #include <QImageWriter>
 #include <QTemporaryDir>
-
-inline QByteArray bytesOf(const QString &path)
-{
-    QFile f(path);
-    return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
-}
 
 // img as a file of the format (jpg, bmp or gif, which Qt cannot write) would hold it.
 inline QByteArray encode(const QImage &img, const char *format, bool progressive = false)
@@ -98,6 +92,14 @@ struct Game {
 inline bool framed(const vxmain &w)
 {
     return w.vxfr_t->isVisible() && w.vxfr_r->isVisible() && w.vxfr_b->isVisible() && w.vxfr_l->isVisible();
+}
+
+// The tray boxes 0 .. count - 1 are shown, the others hidden.
+inline bool trayShown(const vxmain &w, int count)
+{
+    int i = 0;
+    return std::all_of(
+        w.vxpcs.begin(), w.vxpcs.end(), [&](const QWidget *b) { return b->isVisible() == (i++ < count); });
 }
 
 // What a holder shows inside its lines: the piece's part of the whole picture, or the blank image.

@@ -1,7 +1,7 @@
 // The real program in a real X window under Xvfb, driven as a person would: with the mouse and the
 // keyboard through xdotool, looked at through screenshots. One game from start to exit, a saved puzzle
 // brought back in the next run, then the library window.
-#include "difference.h"
+#include "measure.h"
 #include "picturegen.h"
 #include "realgame.h"
 
@@ -105,9 +105,7 @@ private slots:
         g.command(82);
         g.answer("Saved");
         const QImage saved = g.shot("store-saved");
-        QFile file(g.home.filePath("varno.pzl"));
-        QVERIFY(file.open(QIODevice::ReadOnly));
-        const QByteArray bytes = file.readAll();
+        const QByteArray bytes = bytesOf(g.home.filePath("varno.pzl"));
         QCOMPARE(bytes.size(), 127 + g.home.filePath("photo.jpg").toUtf8().size() + 6 * 36);
         QCOMPARE(bytes.left(13), QByteArray("VARNO01.01D\x06\x00", 13));
         g.command(329);

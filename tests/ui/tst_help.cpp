@@ -75,11 +75,9 @@ private slots:
         g.s().InPlay = true;
         for (PictureBox *view : { w.vxrz_s, w.hlpdoc }) {
             view == w.hlpdoc ? w.cb_helpdoc_Click() : w.cb_full_Click();
-            QVERIFY(view->isVisible()
-                && std::none_of(w.vxpcs.begin(), w.vxpcs.end(), std::mem_fn(&QWidget::isVisible)));
+            QVERIFY(view->isVisible() && trayShown(w, 0));
             QTest::mouseClick(view, Qt::LeftButton);
-            for (int i = 0; i < Codes::TraySlots; ++i)
-                QCOMPARE(w.vxpcs[i]->isVisible(), i < 4);
+            QVERIFY(trayShown(w, 4));
         }
     }
 };

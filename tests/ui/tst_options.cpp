@@ -10,14 +10,6 @@
 
 namespace
 {
-// The tray boxes 0 .. count - 1 are shown, the others hidden.
-bool trayShown(const vxmain &w, int count)
-{
-    int i = 0;
-    return std::all_of(
-        w.vxpcs.begin(), w.vxpcs.end(), [&](const QWidget *b) { return b->isVisible() == (i++ < count); });
-}
-
 // Runs the size command with a script played on the dialog.
 void resizeWith(Game &g, std::function<void(rzfrm &)> script)
 {

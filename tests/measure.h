@@ -1,7 +1,15 @@
-// How far a picture on the board or the screen is from the picture it shows, for the tests.
+// What the tests read back: a file's bytes, and how far a picture on the board or the screen is from the
+// picture it shows.
 #pragma once
 
+#include <QFile>
 #include <QImage>
+
+inline QByteArray bytesOf(const QString &path)
+{
+    QFile f(path);
+    return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
+}
 
 // How far img is from reference smoothly scaled to its size: the mean over the pixels of the summed
 // channel differences. A nearest-pixel scale, or a shift by a third of a pixel, gives 10.
