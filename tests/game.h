@@ -31,6 +31,9 @@ inline QByteArray encode(const QImage &img, const char *format, bool progressive
     return writer.write(img) ? buf.data() : QByteArray();
 }
 
+// The pointer while a picture loads or the tiles are scrambled.
+inline const QList<PointerShape> HourglassThenDefault { PointerShape::Hourglass, PointerShape::Default };
+
 // The colour of the blank image on empty places and tray boxes.
 inline const QRgb BlankColour = qRgb(255, 192, 192);
 

@@ -110,19 +110,20 @@ public:
     {
         click(224 + left + 11, 12);
     }
-    // The pixels of one tile (a sparse sample), to follow where a tile's image went.
-    QList<QRgb> tile(const QImage &img, QPoint board, QSize t, int place, int n) const
+    // The pixels of one tile of a 6 x 6 board of 86 x 65 tiles at board (a sparse sample), to follow
+    // where a tile's image went.
+    QList<QRgb> tile(const QImage &img, QPoint board, int place) const
     {
         QList<QRgb> px;
-        const QPoint o = board + QPoint((place % n) * t.width(), (place / n) * t.height());
-        for (int y = 3; y < t.height() - 2; y += 7)
-            for (int x = 3; x < t.width() - 2; x += 7)
+        const QPoint o = board + QPoint(place % 6 * 86, place / 6 * 65);
+        for (int y = 3; y < 63; y += 7)
+            for (int x = 3; x < 84; x += 7)
                 px << at(img, o.x() + x, o.y() + y);
         return px;
     }
-    bool blankTile(const QImage &img, QPoint board, QSize t, int place, int n) const
+    bool blankTile(const QImage &img, QPoint board, int place) const
     {
-        const QList<QRgb> px = tile(img, board, t, place, n);
+        const QList<QRgb> px = tile(img, board, place);
         return std::all_of(
             px.begin(), px.end(), [](QRgb c) { return c == (qRgb(255, 192, 192) & 0xFFFFFF); });
     }

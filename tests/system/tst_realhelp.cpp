@@ -11,7 +11,6 @@ class RealHelpTest : public QObject
     Q_OBJECT
     RealGame g;
     const QPoint board { 146, 109 };
-    const QSize t { 86, 65 };
     QImage m_board, m_full; // the scrambled board, and the whole picture as the full image view shows it
 
     // The small window that stands in for the game: the one window named exactly "Varno".
@@ -66,7 +65,7 @@ private slots:
         int pressed = -1, home = -1;
         for (int p = 0; p < 35 && home < 0; ++p)
             for (int h = 0; h < 36; ++h)
-                if (h != p && g.tile(m_board, board, t, p, 6) == g.tile(m_full, board, t, h, 6))
+                if (h != p && g.tile(m_board, board, p) == g.tile(m_full, board, h))
                     pressed = p, home = h;
         QVERIFY(home >= 0);
         g.command(247);

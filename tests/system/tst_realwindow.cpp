@@ -56,22 +56,21 @@ private slots:
         g.command(192);
         QTest::qWait(500);
         const QPoint board(146, 109);
-        const QSize t(86, 65);
         QImage img = g.shot("scrambled");
         int blank = -1;
         for (int p = 0; p < 36; ++p)
-            if (g.blankTile(img, board, t, p, 6)) {
+            if (g.blankTile(img, board, p)) {
                 QVERIFY2(blank < 0, "two blank places");
                 blank = p;
             }
         QVERIFY(blank >= 0);
         const int neighbour = blank % 6 > 0 ? blank - 1 : blank + 1;
-        const QList<QRgb> moving = g.tile(img, board, t, neighbour, 6);
+        const QList<QRgb> moving = g.tile(img, board, neighbour);
         g.click(board.x() + (neighbour % 6) * 86 + 43, board.y() + (neighbour / 6) * 65 + 32);
         img = g.shot("slid");
-        QVERIFY(g.blankTile(img, board, t, neighbour, 6));
-        QVERIFY(!g.blankTile(img, board, t, blank, 6));
-        QCOMPARE(g.tile(img, board, t, blank, 6), moving);
+        QVERIFY(g.blankTile(img, board, neighbour));
+        QVERIFY(!g.blankTile(img, board, blank));
+        QCOMPARE(g.tile(img, board, blank), moving);
     }
 
     // "Change Game Type" during play asks first; in the drag puzzle pieces are dragged with the mouse.
@@ -83,19 +82,18 @@ private slots:
         g.command(192);
         QTest::qWait(500);
         const QPoint board(146, 69);
-        const QSize t(86, 65);
         QImage img = g.shot("drag-scrambled");
-        const QList<QRgb> first = g.tile(img, board, t, 0, 6);
-        const QList<QRgb> fifth = g.tile(img, board, t, 5, 6);
+        const QList<QRgb> first = g.tile(img, board, 0);
+        const QList<QRgb> fifth = g.tile(img, board, 5);
         g.drag(board + QPoint(43, 32), board + QPoint(5 * 86 + 43, 32));
         img = g.shot("dragged");
-        QCOMPARE(g.tile(img, board, t, 5, 6), first);
-        QCOMPARE(g.tile(img, board, t, 0, 6), fifth);
+        QCOMPARE(g.tile(img, board, 5), first);
+        QCOMPARE(g.tile(img, board, 0), fifth);
         // Onto the first tray box under the board: the place is left empty.
         g.drag(board + QPoint(5 * 86 + 43, 32), QPoint(138 + 43, 503 + 32));
         img = g.shot("parked");
-        QVERIFY(g.blankTile(img, board, t, 5, 6));
-        QCOMPARE(g.tile(img, QPoint(138, 503), t, 0, 6), first);
+        QVERIFY(g.blankTile(img, board, 5));
+        QCOMPARE(g.tile(img, QPoint(138, 503), 0), first);
     }
 
     // "Save Game" writes the puzzle beside the program; Exit offers to save (Yes saves again) and ends the

@@ -15,7 +15,6 @@
 
 namespace
 {
-const QList<PointerShape> HourglassThenDefault { PointerShape::Hourglass, PointerShape::Default };
 // A 1 x 1 GIF, written by hand because Qt has no GIF writer.
 const QByteArray Gif = QByteArray::fromBase64("R0lGODlhAQABAIAAAP///wAAACwAAAAAAQABAAACAkQBADs=");
 

@@ -144,8 +144,7 @@ private slots:
         QCOMPARE(g.tp.events.pumped, std::accumulate(report.walkSteps.begin(), report.walkSteps.end(), 0));
         QVERIFY(g.tp.events.heldInput && !g.w.vxfr_t->isVisible() && !g.w.vxfr_r->isVisible()
             && !g.w.vxfr_b->isVisible() && !g.w.vxfr_l->isVisible());
-        QCOMPARE(g.tp.pointers.history.mid(g.tp.pointers.history.size() - 2),
-            (QList<PointerShape> { PointerShape::Hourglass, PointerShape::Default }));
+        QCOMPARE(g.tp.pointers.history.mid(g.tp.pointers.history.size() - 2), HourglassThenDefault);
     }
 };
 
