@@ -40,14 +40,12 @@ QByteArray bmpFile(const QImage &img, int bits, bool topDown)
     return out;
 }
 
-const QString Cancel = QStringLiteral("<cancel>");
-
-// Plays the choices on the open dialog: "lib/name" lies in the library folder, Cancel cancels, any other
-// name lies beside the program.
+// Plays the choices on the open dialog: "lib/name" lies in the library folder, a null name cancels, any
+// other name lies beside the program.
 void script(Game &g, const QStringList &choices)
 {
     for (const QString &c : choices)
-        g.tp.files.choose(c == Cancel  ? QString()
+        g.tp.files.choose(c.isNull()   ? c
                 : c.startsWith("lib/") ? g.s().LibPath + c.mid(3)
                                        : g.dir.filePath(c));
 }
@@ -192,7 +190,7 @@ private slots:
         QTest::newRow("library before extension") << L { "lib/notes.txt", "b.jpg" } << L { "lib" } << "b.jpg";
         QTest::newRow("several refusals")
             << L { "a.png", "lib/x.gif", "a.JPG", "c.gif" } << L { "ext", "lib", "ext" } << "c.gif";
-        QTest::newRow("cancel after refusal") << L { "a.jpeg", Cancel } << L { "ext" } << "";
+        QTest::newRow("cancel after refusal") << L { "a.jpeg", QString() } << L { "ext" } << "";
     }
     void dialogAsksUntilAcceptedOrCancelled()
     {
@@ -235,7 +233,7 @@ private slots:
         QTest::addColumn<int>("boxes");
         using L = QStringList;
         QTest::newRow("accepted during play") << L { "b.bmp" } << true << false << 0;
-        QTest::newRow("cancel after refusal") << L { "b.JPG", Cancel } << true << false << 1;
+        QTest::newRow("cancel after refusal") << L { "b.JPG", QString() } << true << false << 1;
         QTest::newRow("hint armed") << L { "b.bmp" } << true << true << 0;
         QTest::newRow("fails on a framed picture") << L { "broken.gif" } << false << false << 1;
     }
