@@ -91,6 +91,13 @@ struct Game {
     }
 };
 
+// Drags the piece of place 0 into tray box k (the tables then differ from any fresh scramble).
+inline void park(vxmain &w, int k)
+{
+    w.vxrz_MouseDown(Qt::LeftButton, {}, 5, 5);
+    w.Form_MouseUp(w.vxpcs[k]->x() + 10, w.vxpcs[k]->y() + 10);
+}
+
 // The four bars of the frame round the board are shown.
 inline bool framed(const vxmain &w)
 {

@@ -3,7 +3,6 @@
 #include "game.h"
 #include "options/rzfrm.h"
 #include "platform/facebutton.h"
-#include "platform/shapes.h"
 
 #include <QPushButton>
 #include <QRadioButton>

@@ -1,6 +1,5 @@
 // The tile position hint on a stand-in clock, the views' guards and the tray after them, offscreen.
 #include "game.h"
-#include "platform/shapes.h"
 
 #include <QTest>
 
@@ -29,10 +28,8 @@ private slots:
         PuzzleState &s = g.s();
         const int p = type == Codes::Slide ? s.BlankPos : 0;
         const QPoint in(p % 4 * s.TileW + 5, p / 4 * s.TileH + 5);
-        if (type == Codes::Drag) { // the piece of place 0 goes to tray box 0
-            w.vxrz_MouseDown(Qt::LeftButton, {}, in.x(), in.y());
-            w.Form_MouseUp(w.vxpcs[0]->geometry().center().x(), w.vxpcs[0]->geometry().center().y());
-        }
+        if (type == Codes::Drag)
+            park(w, 0);
         QList<QPoint> seen, want; // at each sleep the marker shown, (-1, -1) for none
         int pumped = g.tp.events.pumped;
         g.tp.events.onSleep = [&](int ms) {

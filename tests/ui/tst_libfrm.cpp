@@ -3,7 +3,6 @@
 #include "game.h"
 #include "pictures/libfrm.h"
 #include "pictures/thumbnail.h"
-#include "platform/shapes.h"
 
 #include <QPainter>
 #include <QPushButton>
@@ -110,11 +109,11 @@ private slots:
     void embeddedThumbnail()
     {
         Game g;
-        const auto jpeg = [](const QImage &img) { return encode(img, "jpg"); };
         QImage thumb = solid({ 160, 120 }, qRgb(0, 0, 255));
         QPainter(&thumb).fillRect(0, 0, 80, 60, Qt::yellow);
-        const QString path = g.file(
-            "cam.jpg", exifwriter::withExif(jpeg(solid({ 640, 480 }, qRgb(255, 0, 0))), 6, jpeg(thumb)));
+        const QString path = g.file("cam.jpg",
+            exifwriter::withExif(
+                encode(solid({ 640, 480 }, qRgb(255, 0, 0)), "jpg"), 6, encode(thumb, "jpg")));
         const QImage shown = thumbnail::decode(path, { 112, 84 }).image;
         QVERIFY(qGray(shown.pixel(84, 21)) > 180 && qBlue(shown.pixel(28, 21)) > 200);
     }

@@ -2,7 +2,6 @@
 #include "game.h"
 #include "options/rzfrm.h"
 #include "platform/facebutton.h"
-#include "platform/shapes.h"
 
 #include <QPushButton>
 #include <QRadioButton>
@@ -17,12 +16,6 @@ void resizeWith(Game &g, std::function<void(rzfrm &)> script)
     g.w.cb_resize_Click();
 }
 
-// Parks the piece of place 0 in tray box k (the tables then differ from any fresh scramble).
-void park(vxmain &w, int k)
-{
-    w.vxrz_MouseDown(Qt::LeftButton, {}, 5, 5);
-    w.Form_MouseUp(w.vxpcs[k]->x() + 10, w.vxpcs[k]->y() + 10);
-}
 } // namespace
 
 class OptionsTest : public QObject

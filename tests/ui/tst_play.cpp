@@ -2,7 +2,6 @@
 // solid elsewhere, in the colour its button toggles) and the scramble.
 #include "game.h"
 #include "platform/facebutton.h"
-#include "platform/shapes.h"
 #include "play/scramble.h"
 
 #include <QTest>

@@ -58,10 +58,8 @@ private slots:
         QVERIFY(a.play(type, Integer(n)) && b.play(i < 6 ? Codes::Drag : Codes::Slide, Integer(13 - n)));
         if (i % 2)
             a.w.cb_grid_Click();
-        if (type == Codes::Drag) { // a piece parked in the first tray box
-            a.w.vxrz_MouseDown(Qt::LeftButton, {}, 2, 2);
-            a.w.Form_MouseUp(a.w.vxpcs[0]->x() + 6, a.w.vxpcs[0]->y() + 6);
-        }
+        if (type == Codes::Drag)
+            park(a.w, 0);
         const QString pic = a.dir.filePath(QStringLiteral("Bild ü 狐.bmp"));
         QVERIFY(QFile::rename(std::exchange(a.s().PicFile, pic), pic));
         a.s().Board[a.s().TileTotal] = { 7, -8, 9 };
@@ -71,9 +69,7 @@ private slots:
         b.w.cb_load_Click();
         QVERIFY(b.tp.messages.asked.isEmpty() && b.s().InPlay); // every field: the second save below
         QCOMPARE(b.w.vxrz->image(), a.w.vxrz->image());
-        for (int i = 0; i < Codes::TraySlots; ++i)
-            QVERIFY(b.w.vxpcs[i]->isVisible() == a.w.vxpcs[i]->isVisible()
-                && (a.s().Pcs[i].Home < 0 || b.w.vxpcs[i]->image() == a.w.vxpcs[i]->image()));
+        QVERIFY(trayShown(b.w, type == Codes::Drag ? n : 0) && holdersShowTables(b.w));
         QCOMPARE(b.w.cb_grid->Tag + b.w.cb_grid->face() + b.w.cb_type->Tag + b.w.cb_type->face(),
             a.w.cb_grid->Tag + a.w.cb_grid->face() + a.w.cb_type->Tag + a.w.cb_type->face());
         b.w.cb_save_Click();

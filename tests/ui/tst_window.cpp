@@ -2,7 +2,6 @@
 // puzzle types and the sizes whose numbers the layout rules are known by.
 #include "app/programfolder.h"
 #include "game.h"
-#include "platform/shapes.h"
 
 #include <QTest>
 
