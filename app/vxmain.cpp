@@ -191,8 +191,8 @@ void vxmain::Form_Load()
     vxrz->setBoxSize(520, 390);
     vxrz->clearPicture();
     fr_cmd->move(fr_cmd->x(), 0);
-    // The help box gets its closing line with the rest of the help, the first time it is shown: no text
-    // is set before the window stands, so the system's fonts are not loaded ahead of it.
+    hlpdoc->printLine(QString(), QColor(0, 0, 255));
+    hlpdoc->printLine(QStringLiteral("Click Here To Close Help"), QColor(0, 0, 255));
 }
 
 void vxmain::hideFrameBars()

@@ -63,12 +63,10 @@ void vxmain::vxrz_s_Click()
 void vxmain::drawHelpDocument()
 {
     m_helpDrawn = true;
-    hlpdoc->printLine(QString(), QColor(0, 0, 255));
-    hlpdoc->printLine(QStringLiteral("Click Here To Close Help"), QColor(0, 0, 255));
     const int line = QFontMetrics(hlpdoc->font(), &hlpdoc->image()).height();
-    // The closing line stands on the white paper, in the free line the drawing leaves for it; the drawing
-    // goes under it, so the box looks as if it had been drawn first. A dense screen's fine drawing gets
-    // the same, at its own resolution.
+    // Start-up printed its lines on the white paper, in the free line the drawing leaves for them; the
+    // drawing goes under them, so the box looks as if it had been drawn first. A dense screen's fine
+    // drawing gets the same, at its own resolution.
     const auto drawUnder = [line](QImage &paper) {
         QImage drawing(paper.size(), QImage::Format_RGB32);
         drawing.setDevicePixelRatio(paper.devicePixelRatio());
