@@ -89,7 +89,8 @@ private slots:
     }
 
     // Under a window manager "Minimize Game" leaves an iconified window "Varno" in the game's place;
-    // restoring it brings the game back, centred and laid out as it was, and removes it. Twice.
+    // restoring it brings the game back, centred and laid out as it was, and removes it. Twice. Then
+    // "Exit", saving on the way, ends the program cleanly.
     void minimiseAndRestoreTwice()
     {
         QProcess wm; // ended with the test
@@ -105,6 +106,10 @@ private slots:
             QTRY_VERIFY_WITH_TIMEOUT(mini().isEmpty(), 10000);
             QCOMPARE(g.shot(QStringLiteral("restored%1").arg(cycle)).copy(area), m_board.copy(area));
         }
+        g.command(329);
+        g.answer("Save on Exit");
+        g.answer("Saved");
+        QVERIFY(g.game.waitForFinished(10000) && g.game.exitCode() == 0);
     }
 };
 QTEST_MAIN(RealHelpTest)
