@@ -63,7 +63,9 @@ struct Game {
     QString picture(const QString &name, const QImage &img)
     {
         const QByteArray bytes = encode(img, qPrintable(QFileInfo(name).suffix()));
-        return bytes.isEmpty() ? qFatal("cannot encode %s", qPrintable(name)), QString() : file(name, bytes);
+        if (bytes.isEmpty())
+            qFatal("cannot encode %s", qPrintable(name));
+        return file(name, bytes);
     }
     bool load(const QString &path)
     {
