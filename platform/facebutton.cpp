@@ -18,7 +18,8 @@ FaceButton::FaceButton(QWidget *parent, const QString &facePath, const QString &
 void FaceButton::setFace(const QString &facePath)
 {
     m_facePath = facePath;
-    m_renderer.load(facePath);
+    // Read when the face is first painted, as icons are: the bar is built before the window stands.
+    m_faceRead = false;
     update();
 }
 
@@ -30,6 +31,10 @@ void FaceButton::paintEvent(QPaintEvent *)
     // Pressed faces sink by one pixel; a light ring marks hover and keyboard focus.
     if (isDown())
         r.translate(1, 1);
+    if (!m_faceRead) {
+        m_renderer.load(m_facePath);
+        m_faceRead = true;
+    }
     m_renderer.render(&p, r);
     if (m_hover || hasFocus()) {
         p.setPen(QPen(QColor(255, 255, 255, hasFocus() ? 200 : 110), 1));

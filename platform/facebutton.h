@@ -28,5 +28,6 @@ protected:
 private:
     QString m_facePath;
     QSvgRenderer m_renderer;
+    bool m_faceRead = false;
     bool m_hover = false;
 };

@@ -5,28 +5,49 @@
 #include <QPainter>
 #include <algorithm>
 #include <cstring>
+#include <utility>
 
 PictureBox::PictureBox(QWidget *parent, QColor back)
     : QWidget(parent)
     , m_back(back)
 {
     setAttribute(Qt::WA_OpaquePaintEvent);
-    m_image = QImage(1, 1, QImage::Format_RGB32);
-    m_image.fill(m_back);
+}
+
+PictureBox::Drawing &PictureBox::drawing() const
+{
+    Drawing &d = m_drawing;
+    if (d.image.isNull()) {
+        d.image = QImage(m_size, QImage::Format_RGB32);
+        d.image.fill(m_back);
+        if (m_ratio > 1) {
+            d.fine = QImage(m_size * m_ratio, QImage::Format_RGB32);
+            d.fine.fill(m_back);
+            d.fine.setDevicePixelRatio(m_ratio);
+        }
+        for (const Print &print : std::exchange(d.waiting, {}))
+            draw(print);
+    }
+    return d;
 }
 
 void PictureBox::setBoxSize(int w, int h)
 {
     w = std::max(w, 1);
     h = std::max(h, 1);
-    const int iw = std::max(w - 2 * m_border, 1);
-    const int ih = std::max(h - 2 * m_border, 1);
-    if (m_image.width() != iw || m_image.height() != ih) {
-        QImage next(iw, ih, QImage::Format_RGB32);
-        next.fill(m_back);
-        bitBlt(next, 0, 0, iw, ih, m_image, 0, 0);
-        m_image = std::move(next);
-        resizeFine();
+    const QSize size(std::max(w - 2 * m_border, 1), std::max(h - 2 * m_border, 1));
+    if (size != m_size) {
+        // Waiting lines are printed on the drawing they were printed on.
+        if (!m_drawing.waiting.empty())
+            drawing();
+        if (drawn()) {
+            QImage next(size, QImage::Format_RGB32);
+            next.fill(m_back);
+            bitBlt(next, 0, 0, size.width(), size.height(), m_drawing.image, 0, 0);
+            m_drawing.image = std::move(next);
+            resizeFine();
+        }
+        m_size = size;
     }
     resize(w, h);
 }
@@ -34,25 +55,25 @@ void PictureBox::setBoxSize(int w, int h)
 void PictureBox::setFineRatio(int ratio)
 {
     m_ratio = std::max(ratio, 1);
-    m_fine = QImage();
+    m_drawing.fine = QImage();
+    if (!drawn())
+        return;
     resizeFine();
-    if (fine()) {
-        QPainter p(&m_fine);
-        p.drawImage(QPoint(0, 0), m_image);
-    }
+    if (m_ratio > 1)
+        QPainter(&m_drawing.fine).drawImage(QPoint(0, 0), m_drawing.image);
 }
 
 void PictureBox::resizeFine()
 {
     if (m_ratio == 1)
         return;
-    QImage next(m_image.size() * m_ratio, QImage::Format_RGB32);
+    QImage next(m_drawing.image.size() * m_ratio, QImage::Format_RGB32);
     next.fill(m_back);
-    if (!m_fine.isNull())
-        bitBlt(next, 0, 0, next.width(), next.height(), m_fine, 0, 0);
+    if (!m_drawing.fine.isNull())
+        bitBlt(next, 0, 0, next.width(), next.height(), m_drawing.fine, 0, 0);
     // Painters then measure the drawing in the box's own pixels.
     next.setDevicePixelRatio(m_ratio);
-    m_fine = std::move(next);
+    m_drawing.fine = std::move(next);
 }
 
 void PictureBox::setBorder(int width)
@@ -64,21 +85,25 @@ void PictureBox::setBorder(int width)
 
 void PictureBox::clearPicture()
 {
-    m_image.fill(m_back);
-    m_fine.fill(m_back);
-    m_printY = 0;
+    if (drawn()) {
+        m_drawing.image.fill(m_back);
+        m_drawing.fine.fill(m_back);
+    }
+    m_drawing.waiting.clear();
+    m_drawing.printY = 0;
     update();
 }
 
 void PictureBox::setPicture(const QImage &picture)
 {
-    m_image.fill(m_back);
+    Drawing &d = drawing();
+    d.image.fill(m_back);
     const QImage src
         = picture.format() == QImage::Format_RGB32 ? picture : picture.convertToFormat(QImage::Format_RGB32);
-    bitBlt(m_image, 0, 0, src.width(), src.height(), src, 0, 0);
-    if (fine()) {
-        m_fine.fill(m_back);
-        QPainter(&m_fine).drawImage(QPoint(0, 0), src);
+    bitBlt(d.image, 0, 0, src.width(), src.height(), src, 0, 0);
+    if (m_ratio > 1) {
+        d.fine.fill(m_back);
+        QPainter(&d.fine).drawImage(QPoint(0, 0), src);
     }
     update();
 }
@@ -86,8 +111,8 @@ void PictureBox::setPicture(const QImage &picture)
 void PictureBox::setPicture(const PictureBox &source)
 {
     setPicture(source.image());
-    if (fine() && source.m_ratio == m_ratio)
-        bitBlt(m_fine, 0, 0, m_fine.width(), m_fine.height(), source.m_fine, 0, 0);
+    if (m_ratio > 1 && source.m_ratio == m_ratio)
+        bitBlt(*fine(), 0, 0, fine()->width(), fine()->height(), *source.fine(), 0, 0);
 }
 
 void PictureBox::stretchDraw(const QImage &picture, const QRect &target)
@@ -96,10 +121,11 @@ void PictureBox::stretchDraw(const QImage &picture, const QRect &target)
         return;
     const QImage scaled = picture.scaled(target.size(), Qt::IgnoreAspectRatio, Qt::SmoothTransformation)
                               .convertToFormat(QImage::Format_RGB32);
-    bitBlt(m_image, target.x(), target.y(), scaled.width(), scaled.height(), scaled, 0, 0);
-    if (fine()) {
+    Drawing &d = drawing();
+    bitBlt(d.image, target.x(), target.y(), scaled.width(), scaled.height(), scaled, 0, 0);
+    if (m_ratio > 1) {
         // Sampled from the picture's own pixels: a picture decoded at device resolution stays sharp.
-        QPainter p(&m_fine);
+        QPainter p(&d.fine);
         p.setRenderHint(QPainter::SmoothPixmapTransform);
         p.drawImage(QRectF(target), picture);
     }
@@ -109,8 +135,9 @@ void PictureBox::stretchDraw(const QImage &picture, const QRect &target)
 void PictureBox::drawLine(int x1, int y1, int x2, int y2, QRgb color, LineStyle style)
 {
     // Pixels are written directly: a full grid of 250 lines costs a few microseconds this way.
-    const int w = m_image.width();
-    const int h = m_image.height();
+    QImage &image = drawing().image;
+    const int w = image.width();
+    const int h = image.height();
     const QRgb c = color | 0xFF000000u;
     const bool vertical = (x1 == x2);
     const int len = vertical ? std::abs(y2 - y1) : std::abs(x2 - x1);
@@ -123,10 +150,10 @@ void PictureBox::drawLine(int x1, int y1, int x2, int y2, QRgb color, LineStyle 
         if (style == LineStyle::Dotted && (i & 2))
             continue;
         if (x >= 0 && y >= 0 && x < w && y < h) {
-            reinterpret_cast<QRgb *>(m_image.scanLine(y))[x] = c;
+            reinterpret_cast<QRgb *>(image.scanLine(y))[x] = c;
             // One pixel of the box is a square of device pixels.
             for (int fy = y * m_ratio; m_ratio > 1 && fy < (y + 1) * m_ratio; ++fy)
-                std::fill_n(reinterpret_cast<QRgb *>(m_fine.scanLine(fy)) + x * m_ratio, m_ratio, c);
+                std::fill_n(reinterpret_cast<QRgb *>(m_drawing.fine.scanLine(fy)) + x * m_ratio, m_ratio, c);
         }
     }
 }
@@ -142,19 +169,27 @@ void PictureBox::drawRectOutline(int x1, int y1, int x2, int y2, QRgb color)
 
 void PictureBox::printLine(const QString &text, QColor color)
 {
-    QPainter p(&m_image);
-    p.setFont(font());
-    p.setPen(color);
-    const QFontMetrics fm(font(), &m_image);
-    p.drawText(QPoint(0, m_printY + fm.ascent()), text);
-    if (fine()) {
-        QPainter f(&m_fine);
-        f.setFont(font());
-        f.setPen(color);
-        f.drawText(QPoint(0, m_printY + fm.ascent()), text);
-    }
-    m_printY += fm.height();
+    Print print { text, color, font() };
+    if (drawn())
+        draw(print);
+    else
+        m_drawing.waiting.push_back(std::move(print));
     update();
+}
+
+void PictureBox::draw(const Print &print) const
+{
+    Drawing &d = m_drawing;
+    const QFontMetrics fm(print.font, &d.image);
+    for (QImage *target : { &d.image, m_ratio > 1 ? &d.fine : nullptr }) {
+        if (!target)
+            continue;
+        QPainter p(target);
+        p.setFont(print.font);
+        p.setPen(print.color);
+        p.drawText(QPoint(0, d.printY + fm.ascent()), print.text);
+    }
+    d.printY += fm.height();
 }
 
 void PictureBox::refresh(const QRect &r)
@@ -170,18 +205,24 @@ void PictureBox::paintEvent(QPaintEvent *event)
     QPainter p(this);
     const QRect r = event->rect();
     const QPoint o(m_border, m_border);
-    const QRect drawing = m_image.rect().translated(o);
-    const QRect shown = r.intersected(drawing);
-    // A fractional screen ratio shows the next whole one's drawing reduced.
-    p.setRenderHint(QPainter::SmoothPixmapTransform, devicePixelRatioF() != m_ratio);
-    if (fine())
-        p.drawImage(QRectF(shown), m_fine,
-            QRectF(QRectF(shown.translated(-o)).topLeft() * m_ratio, QSizeF(shown.size()) * m_ratio));
-    else
-        p.drawImage(shown.topLeft(), m_image, shown.translated(-o));
-    // The widget can be larger than its drawing for a moment while it is being resized.
-    for (const QRect &rest : QRegion(r).subtracted(QRegion(drawing)))
-        p.fillRect(rest, m_back);
+    const QRect area(o, m_size);
+    const QRect shown = r.intersected(area);
+    if (!drawn() && m_drawing.waiting.empty()) {
+        // Nothing drawn yet: the background is the whole picture.
+        p.fillRect(r, m_back);
+    } else {
+        const Drawing &d = drawing();
+        // A fractional screen ratio shows the next whole one's drawing reduced.
+        p.setRenderHint(QPainter::SmoothPixmapTransform, devicePixelRatioF() != m_ratio);
+        if (m_ratio > 1)
+            p.drawImage(QRectF(shown), d.fine,
+                QRectF(QRectF(shown.translated(-o)).topLeft() * m_ratio, QSizeF(shown.size()) * m_ratio));
+        else
+            p.drawImage(shown.topLeft(), d.image, shown.translated(-o));
+        // The widget can be larger than its drawing for a moment while it is being resized.
+        for (const QRect &rest : QRegion(r).subtracted(QRegion(area)))
+            p.fillRect(rest, m_back);
+    }
     // The sunken border: shadow above and left, light below and right, darker on the inner ring.
     for (int i = 0; i < m_border; ++i) {
         const QRect ring = rect().adjusted(i, i, -i - 1, -i - 1);

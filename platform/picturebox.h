@@ -2,8 +2,10 @@
 // operations the game makes on it (bit-block copies, stretch drawing, lines, outlines, text).
 #pragma once
 
+#include <QFont>
 #include <QImage>
 #include <QWidget>
+#include <vector>
 
 enum class LineStyle { Solid, Dotted };
 
@@ -22,11 +24,11 @@ public:
     // The persistent drawing, always Format_RGB32 and exactly the box's size.
     const QImage &image() const
     {
-        return m_image;
+        return drawing().image;
     }
     QImage &image()
     {
-        return m_image;
+        return drawing().image;
     }
     QColor backColor() const
     {
@@ -37,11 +39,11 @@ public:
     void setFineRatio(int ratio);
     QImage *fine()
     {
-        return m_ratio > 1 ? &m_fine : nullptr;
+        return m_ratio > 1 ? &drawing().fine : nullptr;
     }
     const QImage *fine() const
     {
-        return m_ratio > 1 ? &m_fine : nullptr;
+        return m_ratio > 1 ? &drawing().fine : nullptr;
     }
 
     // Resizes the box (its outer size, the border included); the drawing keeps what lies inside the new
@@ -81,14 +83,33 @@ protected:
     void mouseDoubleClickEvent(QMouseEvent *event) override;
 
 private:
+    struct Print {
+        QString text;
+        QColor color;
+        QFont font;
+    };
+    // The drawing is made when it is first drawn on, read or shown with more than its background on
+    // it. Until then the box is its background colour and the lines printed on it wait: a hidden box
+    // or an empty board costs neither picture memory nor the system's fonts before the window stands.
+    struct Drawing {
+        QImage image;
+        QImage fine;
+        std::vector<Print> waiting;
+        int printY = 0;
+    };
+    Drawing &drawing() const;
+    bool drawn() const
+    {
+        return !m_drawing.image.isNull();
+    }
+    void draw(const Print &print) const;
     // A new device-resolution drawing of the persistent one's size, keeping what the old one held.
     void resizeFine();
 
-    QImage m_image;
-    QImage m_fine;
+    mutable Drawing m_drawing;
+    QSize m_size { 1, 1 };
     int m_ratio = 1;
     QColor m_back;
-    int m_printY = 0;
     int m_border = 0;
     bool m_pressed = false;
 };
