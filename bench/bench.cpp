@@ -259,11 +259,14 @@ void benchStartup()
         notes.push_back(QStringLiteral("start-up not measured: %1").arg(error));
         return;
     }
-    enum Figure { Wall, Processor, Memory };
+    enum Figure { Wall, Processor, Settled, Memory };
     const auto series = [&](size_t program, Figure f) {
         std::vector<double> v;
         for (const startup::Sample &s : samples[program])
-            v.push_back(f == Memory ? s.rssMiB : f == Processor ? s.cpuMs : s.ms);
+            v.push_back(f == Memory  ? s.rssMiB
+                    : f == Processor ? s.cpuMs
+                    : f == Settled   ? s.settledCpuMs
+                                     : s.ms);
         return v;
     };
     add(QStringLiteral("start-up: exec to main window mapped"), QStringLiteral("ms"), series(0, Wall),
@@ -271,6 +274,9 @@ void benchStartup()
         { Target::RatioAtMost, 1.1, "ratio <= 1.10" });
     add(QStringLiteral("  processor time to the map, all threads"), QStringLiteral("ms"),
         series(0, Processor), QStringLiteral("bare Qt program of the same shape"), series(1, Processor));
+    // What waits until after the map is still done before the window shows anything: this is all of it.
+    add(QStringLiteral("  processor time 1 s later, first paint done"), QStringLiteral("ms"),
+        series(0, Settled), QStringLiteral("bare Qt program of the same shape"), series(1, Settled));
     add(QStringLiteral("start-up, against a bare program without text"), QStringLiteral("ms"),
         series(0, Wall), QStringLiteral("the same without text (no fonts)"), series(2, Wall));
     add(QStringLiteral("start-up, against sgt-fifteen"), QStringLiteral("ms"), series(0, Wall),

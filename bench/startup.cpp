@@ -280,7 +280,8 @@ std::vector<std::vector<Sample>> measure(const std::vector<Program> &programs, i
             const double cpu = processorMs(pid);
             const timespec second { 1, 0 };
             nanosleep(&second, nullptr);
-            samples[size_t((round + k) % n)].push_back({ mapped - start, cpu, residentMiB(pid) });
+            samples[size_t((round + k) % n)].push_back(
+                { mapped - start, cpu, residentMiB(pid), processorMs(pid) });
             stop(pid);
         }
     return samples;

@@ -1,5 +1,5 @@
 // Start-up of whole programs on their own X server: exec until the main window is mapped, and the
-// resident memory one second later.
+// resident memory and processor time one second later.
 #pragma once
 
 #include <QString>
@@ -18,6 +18,7 @@ struct Sample {
     double ms = 0; // exec to the map event of the first top-level window
     double cpuMs = 0; // processor time of all its threads up to that event: steadier on a busy machine
     double rssMiB = 0; // resident memory one second after that
+    double settledCpuMs = 0; // processor time by then: the first paint and whatever was left for later
 };
 
 // Starts an Xvfb and a session bus of its own, runs `rounds` rounds of every program in turn (round r
