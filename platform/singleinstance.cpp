@@ -1,7 +1,13 @@
-// Single instance through QLockFile: a lock left by a crashed run is stale and taken over.
+// Single instance through the system's file lock: it goes with the process however the process ends, so
+// a game that crashed or was killed leaves nothing stale behind, and taking it needs no write to disk.
 #include "platform/singleinstance.h"
 
 #include <QDir>
+#include <QFile>
+#include <cerrno>
+#include <fcntl.h>
+#include <sys/file.h>
+#include <unistd.h>
 
 QString SingleInstance::lockPath()
 {
@@ -10,8 +16,16 @@ QString SingleInstance::lockPath()
 }
 
 SingleInstance::SingleInstance()
-    : m_lock(std::make_unique<QLockFile>(lockPath()))
 {
-    m_lock->setStaleLockTime(0);
-    m_first = m_lock->tryLock(0);
+    m_fd = ::open(QFile::encodeName(lockPath()).constData(), O_RDWR | O_CREAT | O_CLOEXEC, 0600);
+    // Where no lock file can be made (a full or read-only temporary folder) the game still starts: a
+    // second copy is a smaller harm than a game that never opens.
+    m_first = m_fd < 0 || ::flock(m_fd, LOCK_EX | LOCK_NB) == 0 || errno != EWOULDBLOCK;
+}
+
+SingleInstance::~SingleInstance()
+{
+    // The file stays: removing it could let a start that opened it just before lock another file.
+    if (m_fd >= 0)
+        ::close(m_fd);
 }

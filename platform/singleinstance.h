@@ -1,14 +1,16 @@
-// One running game per machine: a lock file that the first instance holds for its whole run.
+// One running game per user: a lock on a file in the temporary folder, held for the whole run.
 #pragma once
 
-#include <QLockFile>
-#include <memory>
+#include <QString>
 
 class SingleInstance
 {
 public:
     // Tries to become the one running instance; isFirst() tells whether it did.
     SingleInstance();
+    ~SingleInstance();
+    SingleInstance(const SingleInstance &) = delete;
+    SingleInstance &operator=(const SingleInstance &) = delete;
     bool isFirst() const
     {
         return m_first;
@@ -16,6 +18,6 @@ public:
     static QString lockPath();
 
 private:
-    std::unique_ptr<QLockFile> m_lock;
+    int m_fd = -1;
     bool m_first = false;
 };
