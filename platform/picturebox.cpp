@@ -37,7 +37,7 @@ void PictureBox::setBoxSize(int w, int h)
     h = std::max(h, 1);
     const QSize size(std::max(w - 2 * m_border, 1), std::max(h - 2 * m_border, 1));
     if (size != m_size) {
-        // Waiting lines are printed on the drawing they were printed on.
+        // Lines printed before a resize land as they would have, on the drawing of the old size.
         if (!m_drawing.waiting.empty())
             drawing();
         if (drawn()) {
