@@ -28,17 +28,22 @@ dpkg-deb -x "$deb" "$work/root"
 
 # The menu entry's command, found on the path of the scratch root.
 exec_cmd=$(sed -n 's/^Exec=//p' "$work/root/usr/share/applications/org.varno.varno.desktop")
-Xvfb -displayfd 3 -screen 0 1024x768x24 -nolisten tcp 3>"$work/display" 2>/dev/null &
+# Without -noreset the server resets whenever its last client leaves (a query, the first game), and a
+# game that connects during the reset finds no server.
+Xvfb -displayfd 3 -screen 0 1024x768x24 -nolisten tcp -noreset 3>"$work/display" 2>"$work/xvfb.log" &
 pids+=($!)
 for _ in $(seq 50); do [ -s "$work/display" ] && break; sleep 0.1; done
 mkdir -p "$work/home"
 export DISPLAY=":$(cat "$work/display")"
+# The game is started only once the server answers: a start that finds no server is not the game's fault.
+for _ in $(seq 50); do xdotool getdisplaygeometry >/dev/null 2>&1 && break; sleep 0.1; done
+xdotool getdisplaygeometry >/dev/null 2>&1 || fail "Xvfb on $DISPLAY does not answer: $(cat "$work/xvfb.log")"
 start() {
     env -i PATH="$work/root/usr/bin:$PATH" HOME="$work/home" DISPLAY="$DISPLAY" QT_QPA_PLATFORM=xcb $exec_cmd &
     game=$!
     pids+=($game)
     for _ in $(seq 100); do xdotool search --onlyvisible --class varno >/dev/null 2>&1 && break; sleep 0.1; done
-    xdotool search --onlyvisible --class varno >/dev/null || fail "no window"
+    xdotool search --onlyvisible --class varno >/dev/null || fail "no window; Xvfb said: $(cat "$work/xvfb.log")"
     kill -0 "$game" || fail "the game ended"
 }
 lib=$work/home/.local/share/varno/varno/lib
