@@ -177,6 +177,8 @@ private:
     bool storeInLibrary();
     // The saved puzzle: a checked file taken over and drawn; a picture that fails leaves no puzzle.
     void showLoaded(const puzzlefile::SavedPuzzle &saved);
+    // The grid and type buttons' faces and Tags from GridColor and PuzType.
+    void showCodes();
     // A picture that is gone: no puzzle, no picture, an empty board without its frame.
     void endWithoutPuzzle();
 

@@ -9,7 +9,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
     const auto *saved = std::get_if<puzzlefile::SavedPuzzle>(&decoded);
     if (!saved)
         return 0;
-    puzzlefile::checkSources(*saved, int(size % 300), int(size % 200));
+    puzzlefile::checkSources(*saved, QSize(int(size % 3000), int(size % 2000)));
     const auto again = puzzlefile::decode(puzzlefile::encode(*saved));
     const auto *same = std::get_if<puzzlefile::SavedPuzzle>(&again);
     if (!same || !(*same == *saved))

@@ -1,8 +1,10 @@
 // The puzzle file's layout, written and read byte by byte (little-endian, no padding), and the checks
 // that keep a damaged or hand-made file from reaching the game.
 #include "store/puzzlefile.h"
+#include "play/fitting.h"
 
 #include <QFile>
+#include <QRect>
 #include <QSaveFile>
 #include <QtEndian>
 #include <algorithm>
@@ -218,20 +220,40 @@ std::variant<SavedPuzzle, LoadError> decode(const QByteArray &bytes)
     return p;
 }
 
-std::optional<LoadError> checkSources(const SavedPuzzle &p, int tileW, int tileH)
+std::optional<LoadError> checkSources(const SavedPuzzle &p, QSize pictureSize)
 {
-    const auto atHome = [&](const TileRec &t) {
-        return t.Home < 0 || (t.SrcX == tileW * (t.Home % p.GridN) && t.SrcY == tileH * (t.Home / p.GridN));
-    };
-    const auto places = p.Board.begin() + std::clamp<qsizetype>(p.TileTotal, 0, p.Board.size());
-    if (tileW >= 1 && tileH >= 1 && p.GridN >= 1 && std::all_of(p.Board.begin(), places, atHome)
-        && std::all_of(p.Pcs.begin(), p.Pcs.end(), atHome))
+    if (p.GridN < Codes::MinGrid || pictureSize.isEmpty())
         return std::nullopt;
-    return LoadError { QStringLiteral(
-        "The picture %1 no longer matches the saved puzzle: its tiles would be cut at "
-        "other places than when the puzzle was saved. The picture may have "
-        "been changed since.")
-                           .arg(p.PicFile) };
+    const QSize box = fitting::boxPixels(fitting::fitToBoard(pictureSize));
+    const QSize tile(fitting::tileSide(box.width(), p.GridN), fitting::tileSide(box.height(), p.GridN));
+    const QSize source = fitting::boardFor(box, p.GridN);
+    // A picture too narrow or too flat for the board is refused by the picture's own checks.
+    if (tile.isEmpty())
+        return std::nullopt;
+    const QRect picture({ 0, 0 }, source);
+    const int places = std::clamp<int>(p.TileTotal, 0, int(p.Board.size()));
+    for (int i = 0; i < places + Codes::TraySlots; ++i) {
+        const bool place = i < places;
+        const TileRec &t = place ? p.Board[i] : p.Pcs[i - places];
+        // The blank of a slide puzzle and the empty holders are drawn plain, never cut from the picture.
+        if (t.Home < 0 || (p.PuzType == Codes::Slide && t.Home == p.TileTotal - 1))
+            continue;
+        if (picture.contains(QRect(QPoint(t.SrcX, t.SrcY), tile)))
+            continue;
+        return LoadError { QStringLiteral("The saved puzzle does not fit its picture %1: the tile %2 is cut "
+                                          "at %3, %4, and its %5 x %6 pixels reach outside the picture, "
+                                          "which is %7 x %8 pixels on the board.")
+                               .arg(p.PicFile,
+                                   place ? QStringLiteral("on place %1").arg(i)
+                                         : QStringLiteral("in tray box %1").arg(i - places))
+                               .arg(t.SrcX)
+                               .arg(t.SrcY)
+                               .arg(tile.width())
+                               .arg(tile.height())
+                               .arg(source.width())
+                               .arg(source.height()) };
+    }
+    return std::nullopt;
 }
 
 void takeOver(const SavedPuzzle &p, PuzzleState &s)

@@ -5,6 +5,7 @@
 #include "play/puzzlestate.h"
 
 #include <QByteArray>
+#include <QSize>
 #include <optional>
 #include <variant>
 
@@ -49,9 +50,9 @@ QByteArray encode(const PuzzleState &s);
 // The fields of a file, or what is wrong with it. Every field is checked against every other one; the
 // signature is not demanded.
 std::variant<SavedPuzzle, LoadError> decode(const QByteArray &bytes);
-// Tiles are cut from the picture as it is laid out now: every record that holds a tile must stand on
-// its home's corner for this tile size, or the picture changed since the save.
-std::optional<LoadError> checkSources(const SavedPuzzle &p, int tileW, int tileH);
+// Tiles are cut where the save left them, at the tile size of the layout a load makes for a picture of
+// this size: every record that holds a tile must read inside the picture as the board holds it.
+std::optional<LoadError> checkSources(const SavedPuzzle &p, QSize picture);
 // Replaces the puzzle variables the file holds, and nothing else.
 void takeOver(const SavedPuzzle &p, PuzzleState &s);
 

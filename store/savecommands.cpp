@@ -3,7 +3,6 @@
 #include "app/vxmain.h"
 #include "platform/facebutton.h"
 #include "platform/picturebox.h"
-#include "play/fitting.h"
 #include "render/picturefile.h"
 #include "store/puzzlefile.h"
 
@@ -34,11 +33,7 @@ CheckedFile readChecked(const QString &path)
     const picturefile::Header header = picturefile::probe(c.saved.PicFile);
     if (!header.error.isEmpty())
         return { {}, header.error, true };
-    // The tile size the layout will give this picture on the saved board.
-    const QSize box = fitting::boxPixels(fitting::fitToBoard(header.size));
-    const int n = c.saved.GridN;
-    if (const auto e = puzzlefile::checkSources(
-            c.saved, fitting::tileSide(box.width(), n), fitting::tileSide(box.height(), n)))
+    if (const auto e = puzzlefile::checkSources(c.saved, header.size))
         c.error = e->text;
     return c;
 }
@@ -91,19 +86,16 @@ void vxmain::showLoaded(const puzzlefile::SavedPuzzle &saved)
     for (PictureBox *box : vxpcs)
         box->hide();
     puzzlefile::takeOver(saved, s);
+    // The buttons show the saved grid colour and type while the picture comes up.
+    showCodes();
     // The picture is laid out for the saved type and size; it fails before the board changes, and has
     // told the player why.
     if (!LoadPic(QStringLiteral("Load"))) {
         s = before;
+        showCodes();
         endWithoutPuzzle();
         return;
     }
-    const bool black = s.GridColor == Codes::BlackColor;
-    cb_grid->setFace(faceResource(black ? QStringLiteral("cb_grid_b") : QStringLiteral("cb_grid_w")));
-    cb_grid->Tag = black ? Codes::Black : Codes::White;
-    const bool drag = s.PuzType == Codes::Drag;
-    cb_type->setFace(faceResource(drag ? QStringLiteral("cb_type_d") : QStringLiteral("cb_type_s")));
-    cb_type->Tag = drag ? Codes::Drag : Codes::Slide;
     s.InPlay = true;
     // Drawn on a cleared board, as the scramble draws it, so the puzzle looks exactly as it was saved.
     vxrz->clearPicture();
@@ -111,6 +103,16 @@ void vxmain::showLoaded(const puzzlefile::SavedPuzzle &saved)
     drawTrayHeld();
     DrawLines();
     m_platform.pointers.set(PointerShape::Default);
+}
+
+void vxmain::showCodes()
+{
+    const bool black = m_state.GridColor == Codes::BlackColor;
+    cb_grid->setFace(faceResource(black ? QStringLiteral("cb_grid_b") : QStringLiteral("cb_grid_w")));
+    cb_grid->Tag = black ? Codes::Black : Codes::White;
+    const bool drag = m_state.PuzType == Codes::Drag;
+    cb_type->setFace(faceResource(drag ? QStringLiteral("cb_type_d") : QStringLiteral("cb_type_s")));
+    cb_type->Tag = drag ? Codes::Drag : Codes::Slide;
 }
 
 void vxmain::endWithoutPuzzle()

@@ -91,6 +91,8 @@ public:
     }
     void sleepUs(qint64 us) override
     {
+        if (onPace)
+            onPace();
         sleptUs += us;
     }
     qint64 nowUs() const override
@@ -102,6 +104,8 @@ public:
     qint64 sleptUs = 0;
     // Looks at the window at each sleep, before the clock moves on.
     std::function<void(int ms)> onSleep;
+    // Looks at the window at each wait of a paced animation (the frame).
+    std::function<void()> onPace;
 };
 
 // Plays a script on a modal window instead of waiting for a player.

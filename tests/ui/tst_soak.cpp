@@ -1,10 +1,18 @@
-// Long random play with save and load cycles. VARNO_SOAK=1 (`make soak`) plays 100,000 moves with 1,000
-// save and load cycles; `make test` plays 2,000 with 20.
+// Long random play in a player's order: commands in any order over pictures of several sizes and
+// proportions, with restarts of the window. VARNO_SOAK=1 (`make soak`) plays 40 games of 2,500 steps;
+// `make test` plays 8 of 200.
 #include "game.h"
+#include "options/rzfrm.h"
+#include "pictures/libfrm.h"
+#include "render/picturefile.h"
 #include "store/puzzlefile.h"
 
+#include <QDir>
+#include <QPushButton>
+#include <QRadioButton>
 #include <QRandomGenerator>
 #include <QTest>
+#include <memory>
 
 namespace
 {
@@ -19,11 +27,11 @@ bool besides(const PuzzleState &s, int a, int b)
 // blank, every fourth on the box's extra pixel column or row, which belongs to the last column or row;
 // true when the pressed tile slid only if it stood beside the blank. Type "D": a lift from the board or a
 // tray box and a drop on either or anywhere in the window.
-bool randomMove(Game &g, QRandomGenerator &rng)
+bool randomMove(vxmain &w, QRandomGenerator &rng)
 {
-    const PuzzleState &s = g.s();
+    const PuzzleState &s = w.state();
     const int n = s.GridN, b = s.BlankPos, p = b + std::array { -1, 1, -n, n }[rng.bounded(4)];
-    QPoint at(rng.bounded(g.w.vxrz->width()), rng.bounded(g.w.vxrz->height()));
+    QPoint at(rng.bounded(w.vxrz->width()), rng.bounded(w.vxrz->height()));
     if (s.PuzType == Codes::Slide) {
         if (rng.bounded(2) && p >= 0 && p < s.TileTotal && besides(s, p, b))
             at = QPoint(
@@ -31,36 +39,188 @@ bool randomMove(Game &g, QRandomGenerator &rng)
         const int edge = rng.bounded(8);
         at = edge == 0 ? QPoint(n * s.TileW, at.y()) : edge == 1 ? QPoint(at.x(), n * s.TileH) : at;
         const int pressed = std::min(at.y() / s.TileH, n - 1) * n + std::min(at.x() / s.TileW, n - 1);
-        g.w.vxrz_MouseDown(std::array { Qt::LeftButton, Qt::RightButton, Qt::MiddleButton }[rng.bounded(3)],
+        w.vxrz_MouseDown(std::array { Qt::LeftButton, Qt::RightButton, Qt::MiddleButton }[rng.bounded(3)],
             rng.bounded(2) ? Qt::ShiftModifier : Qt::NoModifier, at.x(), at.y());
         return s.BlankPos == (besides(s, pressed, b) ? pressed : b);
     }
     const auto anywhere = [&](QWidget *box) {
-        return box->mapTo(&g.w, QPoint(rng.bounded(box->width()), rng.bounded(box->height())));
+        return box->mapTo(&w, QPoint(rng.bounded(box->width()), rng.bounded(box->height())));
     };
     const int from = rng.bounded(n + 1), to = rng.bounded(n + 2);
     if (from == n)
-        g.w.vxrz_MouseDown(Qt::LeftButton, {}, at.x(), at.y());
+        w.vxrz_MouseDown(Qt::LeftButton, {}, at.x(), at.y());
     else
-        g.w.vxpcs_MouseDown(from, Qt::LeftButton, {}, 3, 3);
-    const QPoint drop = to < n ? anywhere(g.w.vxpcs[to]) : anywhere(to == n ? (QWidget *)g.w.vxrz : &g.w);
-    g.w.Form_MouseMove(drop.x(), drop.y());
-    g.w.Form_MouseUp(drop.x(), drop.y());
+        w.vxpcs_MouseDown(from, Qt::LeftButton, {}, 3, 3);
+    const QPoint drop = to < n ? anywhere(w.vxpcs[to]) : anywhere(to == n ? (QWidget *)w.vxrz : &w);
+    w.Form_MouseMove(drop.x(), drop.y());
+    w.Form_MouseUp(drop.x(), drop.y());
     return true;
 }
 
-// Sound as a load checks it (every home held once, the blank, the count at home, the sources), every
-// holder shows what it holds and the grid was drawn again (drawing it once more changes nothing).
-bool sound(Game &g)
+// A puzzle in play is sound as a load checks it (every home held once, the blank, the count at home,
+// tiles that a load cuts inside its picture), every holder shows what it holds and the grid was drawn
+// again (drawing it once more changes nothing). Returns what is wrong.
+QString unsound(vxmain &w)
 {
-    const PuzzleState &s = g.s();
-    const auto saved = puzzlefile::decode(puzzlefile::encode(s));
-    const auto *p = std::get_if<puzzlefile::SavedPuzzle>(&saved);
-    const QImage shown = g.w.vxrz->image();
-    g.w.DrawLines();
-    return p && !puzzlefile::checkSources(*p, s.TileW, s.TileH) && holdersShowTables(g.w)
-        && g.w.vxrz->image() == shown;
+    const PuzzleState &s = w.state();
+    if (!s.InPlay)
+        return {};
+    auto saved = puzzlefile::decode(puzzlefile::encode(s));
+    if (const auto *p = std::get_if<puzzlefile::SavedPuzzle>(&saved))
+        if (const auto e = puzzlefile::checkSources(*p, picturefile::probe(s.PicFile).size))
+            saved = *e;
+    if (const auto *e = std::get_if<puzzlefile::LoadError>(&saved))
+        return e->text;
+    const QImage shown = w.vxrz->image();
+    w.DrawLines();
+    const bool shows = holdersShowTables(w) && w.vxrz->image() == shown;
+    return shows && trayShown(w, s.PuzType == Codes::Drag ? s.GridN : 0)
+        ? QString()
+        : QStringLiteral("a holder shows another tile");
 }
+
+// A program folder with pictures of several sizes and proportions beside the program and one in its
+// library, and the game window over it, which a restart makes anew.
+struct Player {
+    QTemporaryDir dir;
+    TestPlatform tp;
+    std::unique_ptr<vxmain> w;
+    QStringList pictures;
+    QRandomGenerator rng;
+    QByteArray lastSave;
+
+    explicit Player(quint32 seed)
+        : rng(seed)
+    {
+        const struct {
+            const char *name;
+            QSize size;
+        } files[] = { { "photo.jpg", { 1024, 768 } }, { "tall.bmp", { 600, 800 } },
+            { "wide.gif", { 1000, 300 } }, { "small.jpg", { 97, 61 } }, { "square.bmp", { 300, 300 } },
+            { "lib/VX_lib.jpg", { 800, 600 } } };
+        QDir(dir.path()).mkpath(QStringLiteral("lib"));
+        for (const auto &f : files) {
+            const QString path = dir.filePath(QString::fromLatin1(f.name));
+            const QByteArray bytes
+                = encode(picturegen::scene(f.size, seed), qPrintable(QFileInfo(path).suffix()));
+            QFile out(path);
+            if (bytes.isEmpty() || !out.open(QIODevice::WriteOnly) || out.write(bytes) != bytes.size())
+                qFatal("cannot write %s", qPrintable(path));
+            pictures << path;
+        }
+        pictures.removeLast();
+        restart();
+    }
+    void restart()
+    {
+        w.reset();
+        w = std::make_unique<vxmain>(tp.platform(), dir.path());
+        w->setRandomSeed(rng.generate());
+        w->show();
+    }
+    const PuzzleState &s() const
+    {
+        return w->state();
+    }
+
+    // One command as a player gives it; returns what went wrong, or an empty string.
+    QString step(int command)
+    {
+        vxmain &g = *w;
+        const bool playing = s().InPlay && !s().HintMode;
+        switch (command) {
+        case 0:
+            tp.files.choose(pictures[rng.bounded(pictures.size())]);
+            g.cb_new_Click();
+            break;
+        case 1: // the library's picture, or Cancel
+            tp.modals.script = [pick = rng.bounded(3) > 0](QDialog &d) {
+                pick ? static_cast<libfrm &>(d).libimg_DblClick(0)
+                     : static_cast<libfrm &>(d).cb_cancel->click();
+            };
+            g.cb_lib_Click();
+            break;
+        case 2: // a size, confirmed or cancelled; 2 x 2 often, which play solves now and then
+            tp.modals.script
+                = [n = rng.bounded(3) ? rng.bounded(10) : 0, ok = rng.bounded(4) > 0](QDialog &d) {
+                      auto &r = static_cast<rzfrm &>(d);
+                      r.szopt[n]->click();
+                      (ok ? r.cb_ok : r.cb_cancel)->click();
+                  };
+            g.cb_resize_Click();
+            break;
+        case 3:
+            tp.messages.answers = { rng.bounded(2) ? MsgAnswer::Yes : MsgAnswer::No };
+            g.cb_type_Click();
+            break;
+        case 4:
+            g.cb_grid_Click();
+            break;
+        case 5:
+            g.cb_scramble_Click();
+            break;
+        case 6: // the full image, then back to the game
+            g.cb_full_Click();
+            if (g.vxrz_s->isVisible())
+                g.vxrz_s_Click();
+            break;
+        case 7:
+            g.cb_helpdoc_Click();
+            if (g.hlpdoc->isVisible())
+                g.hlpdoc_Click();
+            break;
+        case 8: // the hint armed, then a press on the board shows a home or only disarms it
+            g.cb_help_Click();
+            g.vxrz_MouseDown(Qt::LeftButton, {}, rng.bounded(g.vxrz->width()), rng.bounded(g.vxrz->height()));
+            break;
+        case 9:
+            g.cb_load_Click();
+            break;
+        case 10:
+            return saveAndLoad();
+        case 11: // a new start of the game finds the last save
+            restart();
+            w->cb_load_Click();
+            if (!lastSave.isEmpty() && puzzlefile::encode(s()) != lastSave)
+                return QStringLiteral("the load after a restart differs from the save");
+            break;
+        default:
+            for (int k = rng.bounded(40); playing && s().InPlay && k > 0; --k)
+                if (!randomMove(g, rng))
+                    return QStringLiteral("a press away from the blank slid a tile");
+            if (playing && !s().InPlay) { // solved: the whole picture framed, and no press is taken
+                const auto board = s().Board;
+                g.vxrz_MouseDown(Qt::LeftButton, {}, 5, 5);
+                if (s().InPlace != s().TileTotal || g.vxrz->image() != g.vxrz_s->image() || !framed(g)
+                    || s().Board != board)
+                    return QStringLiteral("the solved puzzle is not shown whole");
+            }
+        }
+        return {};
+    }
+
+    // A save is loaded back as the same board and tray, and saved again as the same bytes; the board
+    // looks the same whenever the load lays it out with the same tiles.
+    QString saveAndLoad()
+    {
+        if (!s().allows(Command::SaveGame))
+            return {};
+        w->cb_save_Click();
+        lastSave = bytesOf(s().PzlFile);
+        QImage board = w->vxrz->image();
+        const QSize tile(s().TileW, s().TileH);
+        w->cb_load_Click();
+        if (puzzlefile::encode(s()) != lastSave || !s().InPlay)
+            return QStringLiteral("the load gives another puzzle than the save");
+        const QImage now = w->vxrz->image();
+        // The corner pixel that no grid line reaches is cleared only by a load.
+        board.setPixel(board.width() - 1, board.height() - 1, now.pixel(now.width() - 1, now.height() - 1));
+        if (tile == QSize(s().TileW, s().TileH) && now != board)
+            return QStringLiteral("the loaded board looks other than the saved one");
+        w->cb_save_Click();
+        return bytesOf(s().PzlFile) == lastSave ? QString() : QStringLiteral("the second save differs");
+    }
+};
 } // namespace
 
 class SoakTest : public QObject
@@ -68,50 +228,36 @@ class SoakTest : public QObject
     Q_OBJECT
 
 private slots:
-    // Random moves over every size and both types stay sound. The solving move shows the whole picture
-    // framed, growing the frame once more, and the board then takes no press. Every 100th move a save, a
-    // load and a second save write the same bytes and show the same board (but for the corner pixel that
-    // no grid line reaches, which only a load clears).
-    void randomPlayWithSaveLoadCycles()
+    // Any command in any order, moves most often, stays sound after every step and never meets an error
+    // box: a save after a size change, a type switch or another picture loads back as it was saved.
+    void randomCommandsInAnyOrder()
     {
-        QRandomGenerator rng(12);
-        int slides = 0, solves = 0;
-        for (int i = 0; i < 20; ++i) {
-            Game g;
-            const PuzzleState &s = g.s();
-            QVERIFY(g.play(i % 2 ? Codes::Drag : Codes::Slide, Integer(2 + i / 2), quint32(i)));
-            const qint64 ring = g.tp.events.sleptUs; // the load's frame animation, in virtual time
-            for (int k = 1; k <= (LongRun ? 5000 : 100); ++k) {
-                const qint64 slept = g.tp.events.sleptUs;
-                const int blank = s.BlankPos;
-                QVERIFY2(
-                    randomMove(g, rng), qPrintable(QStringLiteral("size %1, move %2").arg(s.GridN).arg(k)));
-                slides += s.BlankPos != blank;
-                if (!s.InPlay) { // solved
-                    const auto board = s.Board;
-                    QVERIFY(
-                        s.InPlace == s.TileTotal && g.w.vxrz->image() == g.w.vxrz_s->image() && framed(g.w));
-                    QCOMPARE(g.tp.events.sleptUs - slept, ring);
-                    g.w.vxrz_MouseDown(Qt::LeftButton, {}, 5, 5);
-                    QVERIFY(s.Board == board && g.w.vxrz->image() == g.w.vxrz_s->image());
-                    ++solves;
-                    g.w.cb_scramble_Click();
-                }
-                QVERIFY2(sound(g), qPrintable(QStringLiteral("size %1, move %2").arg(s.GridN).arg(k)));
-                if (k % 100)
-                    continue;
-                g.w.cb_save_Click();
-                const QByteArray saved = bytesOf(s.PzlFile);
-                QImage board = g.w.vxrz->image();
-                g.w.cb_load_Click();
-                g.w.cb_save_Click();
-                const QImage now = g.w.vxrz->image();
-                board.setPixel(
-                    board.width() - 1, board.height() - 1, now.pixel(now.width() - 1, now.height() - 1));
-                QVERIFY(bytesOf(s.PzlFile) == saved && now == board);
+        int solves = 0, loads = 0;
+        for (quint32 game = 0; game < (LongRun ? 40u : 8u); ++game) {
+            Player p(game);
+            QStringList trail;
+            for (int k = 0; k < (LongRun ? 2500 : 200); ++k) {
+                const int command = p.rng.bounded(18);
+                trail << QString::number(command);
+                if (trail.size() > 30)
+                    trail.removeFirst();
+                const bool playing = p.s().InPlay;
+                p.tp.messages.answers.clear();
+                p.tp.messages.asked.clear();
+                QString fault = p.step(command);
+                fault = fault.isEmpty() ? unsound(*p.w) : fault;
+                for (const AskedBox &b : std::as_const(p.tp.messages.asked))
+                    fault = fault.isEmpty() && b.style == MsgStyle::Critical ? b.text : fault;
+                QVERIFY2(fault.isEmpty(),
+                    qPrintable(QStringLiteral("game %1, step %2, commands %3: %4")
+                                   .arg(game)
+                                   .arg(k)
+                                   .arg(trail.join(QLatin1Char(' ')), fault)));
+                solves += playing && command >= 12 && p.s().InPlace == p.s().TileTotal;
+                loads += command == 10 && playing;
             }
         }
-        QVERIFY(slides > 300 && solves > 0); // 2 x 2 play comes round to the picture often
+        QVERIFY(solves > 0 && loads > 10);
     }
 };
 

@@ -66,12 +66,17 @@ private slots:
         a.w.cb_save_Click();
         QByteArray saved = bytesOf(a.s().PzlFile);
         b.file(QStringLiteral("varno.pzl"), saved.replace(0, 10, "OTHER02.00"));
+        const auto codes = [](Game &g) {
+            return g.w.cb_grid->Tag + g.w.cb_grid->face() + g.w.cb_type->Tag + g.w.cb_type->face();
+        };
+        QString framing; // the buttons show the saved codes while the picture is framed
+        b.tp.events.onPace = [&] { framing = codes(b); };
         b.w.cb_load_Click();
         QVERIFY(b.tp.messages.asked.isEmpty() && b.s().InPlay); // every field: the second save below
+        QCOMPARE(framing, codes(a));
         QCOMPARE(b.w.vxrz->image(), a.w.vxrz->image());
         QVERIFY(trayShown(b.w, type == Codes::Drag ? n : 0) && holdersShowTables(b.w));
-        QCOMPARE(b.w.cb_grid->Tag + b.w.cb_grid->face() + b.w.cb_type->Tag + b.w.cb_type->face(),
-            a.w.cb_grid->Tag + a.w.cb_grid->face() + a.w.cb_type->Tag + a.w.cb_type->face());
+        QCOMPARE(codes(b), codes(a));
         b.w.cb_save_Click();
         QCOMPARE(bytesOf(b.s().PzlFile), "VARNO01.01" + saved.mid(10));
     }
@@ -102,8 +107,11 @@ private slots:
         row("in tray box 3", D, "only 3 tray boxes", true, [](auto &b, auto &s) { set16(b, s, 13, 2, 0); });
         row("blank moved", S, "blank", true, [](auto &b, auto &s) { set16(b, s, -1, 15, s.BlankPos ^ 1); });
         row("count at home", D, "home", true, [](auto &b, auto &s) { set16(b, s, -1, 17, s.InPlace + 1); });
-        row("source x moved", S, "no longer matches", true, [](auto &b, auto &s) { set16(b, s, 2, 0, 1); });
-        row("source y moved", D, "no longer matches", true, [](auto &b, auto &s) { set16(b, s, 2, 1, 1); });
+        row("source past the edge", D, "reach outside", true,
+            [](auto &b, auto &s) { set16(b, s, 4, 1, 262); });
+        row("picture narrower", D, "reach outside", true, [](auto &, auto &s) { // tiles of 43 x 130 now
+            picturegen::scene({ 130, 390 }, 1).save(s.PicFile, "BMP");
+        });
         row("picture gone", D, "cannot be found", false, [](auto &, auto &s) { QFile::remove(s.PicFile); });
         row("picture damaged", D, "damaged", false, [](auto &, auto &s) { // whole up to its pixels
             picturegen::scene({ 520, 390 }, 1).save(s.PicFile, "PNG");
