@@ -96,11 +96,11 @@ struct Player {
             const char *name;
             QSize size;
         } files[] = { { "photo.jpg", { 1024, 768 } }, { "tall.bmp", { 600, 800 } },
-            { "wide.gif", { 1000, 300 } }, { "small.jpg", { 97, 61 } }, { "square.bmp", { 300, 300 } },
+            { "wide.gif", { 1000, 300 } }, { "small.jpg", { 97, 61 } }, { "Bild ü 狐.bmp", { 300, 300 } },
             { "lib/VX_lib.jpg", { 800, 600 } } };
         QDir(dir.path()).mkpath(QStringLiteral("lib"));
         for (const auto &f : files) {
-            const QString path = dir.filePath(QString::fromLatin1(f.name));
+            const QString path = dir.filePath(QString::fromUtf8(f.name));
             const QByteArray bytes
                 = encode(picturegen::scene(f.size, seed), qPrintable(QFileInfo(path).suffix()));
             QFile out(path);
@@ -235,12 +235,10 @@ private slots:
         int solves = 0, loads = 0;
         for (quint32 game = 0; game < (LongRun ? 40u : 8u); ++game) {
             Player p(game);
-            QStringList trail;
+            QString trail; // the last commands, for a failure's message
             for (int k = 0; k < (LongRun ? 2500 : 200); ++k) {
                 const int command = p.rng.bounded(18);
-                trail << QString::number(command);
-                if (trail.size() > 30)
-                    trail.removeFirst();
+                trail = (trail + QLatin1Char(' ') + QString::number(command)).right(80);
                 const bool playing = p.s().InPlay;
                 p.tp.messages.answers.clear();
                 p.tp.messages.asked.clear();
@@ -252,7 +250,7 @@ private slots:
                     qPrintable(QStringLiteral("game %1, step %2, commands %3: %4")
                                    .arg(game)
                                    .arg(k)
-                                   .arg(trail.join(QLatin1Char(' ')), fault)));
+                                   .arg(trail, fault)));
                 solves += playing && command >= 12 && p.s().InPlace == p.s().TileTotal;
                 loads += command == 10 && playing;
             }

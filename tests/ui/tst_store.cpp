@@ -39,27 +39,26 @@ private slots:
     }
 
     // Saved, then loaded into another window playing another puzzle without a question: every field,
-    // the board and the tray come back; a path's UTF-8 bytes, the spare record and another signature
-    // survive; a second save of the loaded puzzle writes the same file.
+    // the board and the tray come back, the buttons show the saved codes while the picture is framed; a
+    // path's UTF-8 bytes, the spare record and another signature survive; a second save of the loaded
+    // puzzle writes the same file. (The soak goes round every size, type and colour in any order.)
     void saveAndLoadRoundTrip_data()
     {
-        QTest::addColumn<int>("i"); // type S or D, n 2, 6 or 11, white or black grid lines
-        for (int i = 0; i < 12; ++i)
-            QTest::addRow(
-                "%s %d %s", i < 6 ? "S" : "D", std::array { 2, 6, 11 }[i / 2 % 3], i % 2 ? "black" : "white")
-                << i;
+        QTest::addColumn<QString>("type");
+        QTest::addColumn<int>("n");
+        QTest::newRow("S 11 white") << Codes::Slide << 11;
+        QTest::newRow("D 2 black") << Codes::Drag << 2;
     }
     void saveAndLoadRoundTrip()
     {
-        QFETCH(int, i);
-        const QString type = i < 6 ? Codes::Slide : Codes::Drag;
-        const int n = std::array { 2, 6, 11 }[i / 2 % 3];
+        QFETCH(QString, type);
+        QFETCH(int, n);
         Game a, b;
-        QVERIFY(a.play(type, Integer(n)) && b.play(i < 6 ? Codes::Drag : Codes::Slide, Integer(13 - n)));
-        if (i % 2)
+        QVERIFY(a.play(type, Integer(n)) && b.play(type == Codes::Slide ? Codes::Drag : Codes::Slide, 6));
+        if (type == Codes::Drag) {
             a.w.cb_grid_Click();
-        if (type == Codes::Drag)
             park(a.w, 0);
+        }
         const QString pic = a.dir.filePath(QStringLiteral("Bild ü 狐.bmp"));
         QVERIFY(QFile::rename(std::exchange(a.s().PicFile, pic), pic));
         a.s().Board[a.s().TileTotal] = { 7, -8, 9 };
@@ -69,7 +68,7 @@ private slots:
         const auto codes = [](Game &g) {
             return g.w.cb_grid->Tag + g.w.cb_grid->face() + g.w.cb_type->Tag + g.w.cb_type->face();
         };
-        QString framing; // the buttons show the saved codes while the picture is framed
+        QString framing;
         b.tp.events.onPace = [&] { framing = codes(b); };
         b.w.cb_load_Click();
         QVERIFY(b.tp.messages.asked.isEmpty() && b.s().InPlay); // every field: the second save below
