@@ -1,8 +1,10 @@
 // Draws the help picture from resources/help/help.txt. The source marks a heading with a leading '#',
-// each level of indent with a leading '>', a button face with [name] and a bold run with <b>..</b>.
+// each level of indent with a leading '>', a button with [name] (a command face, "delete" for the delete
+// symbol, "cb_add" for the library window's add button) and a bold run with <b>..</b>.
 #include "help/helppicture.h"
 
 #include "app/vxmain.h"
+#include "pictures/libfrm.h"
 
 #include <QFile>
 #include <QFontMetrics>
@@ -78,27 +80,58 @@ constexpr int Left = 10;
 constexpr int Right = 8;
 constexpr int IndentStep = 16;
 
-int lineWidth(const Line &line, const QFontMetrics &normal, const QFontMetrics &bold, int icon)
+// The pictures a line may show, all as tall as a line allows: the button faces and the delete symbol,
+// square, and the library window's add button, as wide as that button is for its height.
+class Pictures
+{
+public:
+    Pictures(int height, qreal ratio)
+        : m_height(height)
+        , m_addButton(addButtonPicture(ratio))
+    {
+    }
+    int width(const QString &name) const
+    {
+        if (name != QLatin1String("cb_add"))
+            return m_height;
+        const QSizeF button = m_addButton.deviceIndependentSize();
+        return qRound(m_height * button.width() / button.height());
+    }
+    void draw(QPainter &p, const QString &name, QPoint at) const
+    {
+        const QRect box(at, QSize(width(name), m_height));
+        if (name == QLatin1String("cb_add")) {
+            // Shrunk by averaging, which keeps its small text readable where a stretch would break it.
+            const qreal ratio = m_addButton.devicePixelRatio();
+            QImage face = m_addButton.scaled(
+                (QSizeF(box.size()) * ratio).toSize(), Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+            face.setDevicePixelRatio(ratio);
+            p.drawImage(box.topLeft(), face);
+        } else if (name == QLatin1String("delete")) {
+            // The delete symbol, drawn for a dark ground, gets a face's dark plate under it.
+            p.setPen(QColor(0x60, 0x60, 0x68));
+            p.setBrush(QColor(0x3a, 0x3a, 0x40));
+            p.drawRoundedRect(QRectF(box).adjusted(0.5, 0.5, -0.5, -0.5), 3, 3);
+            QSvgRenderer(QStringLiteral(":/delete.svg"))
+                .render(&p, QRectF(box).adjusted(1.5, 1.5, -1.5, -1.5));
+        } else {
+            QSvgRenderer(faceResource(name)).render(&p, QRectF(box));
+        }
+    }
+
+private:
+    int m_height;
+    QImage m_addButton;
+};
+
+int lineWidth(
+    const Line &line, const QFontMetrics &normal, const QFontMetrics &bold, const Pictures &pictures)
 {
     int w = Left + line.indent * IndentStep;
     for (const Run &r : line.runs)
-        w += r.picture.isEmpty() ? (r.bold ? bold : normal).horizontalAdvance(r.text) : icon;
+        w += r.picture.isEmpty() ? (r.bold ? bold : normal).horizontalAdvance(r.text)
+                                 : pictures.width(r.picture);
     return w;
-}
-
-// A button face; the delete symbol, drawn for a dark ground, gets a face's dark plate under it.
-void drawPicture(QPainter &p, const QString &name, const QRect &box)
-{
-    if (name == QLatin1String("delete")) {
-        p.setPen(QColor(0x60, 0x60, 0x68));
-        p.setBrush(QColor(0x3a, 0x3a, 0x40));
-        p.drawRoundedRect(QRectF(box).adjusted(0.5, 0.5, -0.5, -0.5), 3, 3);
-        QSvgRenderer(QStringLiteral(":/delete.svg")).render(&p, QRectF(box).adjusted(1.5, 1.5, -1.5, -1.5));
-        return;
-    }
-    const QString path
-        = name == QLatin1String("addimage") ? QStringLiteral(":/help/addimage.svg") : faceResource(name);
-    QSvgRenderer(path).render(&p, QRectF(box));
 }
 } // namespace
 
@@ -130,12 +163,13 @@ void drawHelpPicture(QImage &img, int stripHeight)
         gaps += lines[i].heading ? HeadingGap : 0;
     const int L = std::max((size.height() - 6 - top - gaps) / int(lines.size()), 8);
     const int icon = std::min(18, L - 2);
+    const Pictures pictures(icon, img.devicePixelRatio());
     // The largest small font with which every line fits the width.
     int pixels = std::min(12, L - 6);
     for (; pixels > 8; --pixels) {
         const QFontMetrics normal(textFont(pixels, false), &img), bold(textFont(pixels, true), &img);
         if (std::all_of(lines.begin(), lines.end(),
-                [&](const Line &l) { return lineWidth(l, normal, bold, icon) <= size.width() - Right; }))
+                [&](const Line &l) { return lineWidth(l, normal, bold, pictures) <= size.width() - Right; }))
             break;
     }
     p.fillRect(QRect(Left, top - 5, size.width() - Left - Right, 1), QColor(0xc6, 0xc1, 0xb7));
@@ -148,8 +182,8 @@ void drawHelpPicture(QImage &img, int stripHeight)
         int x = Left + line.indent * IndentStep;
         for (const Run &r : line.runs) {
             if (!r.picture.isEmpty()) {
-                drawPicture(p, r.picture, QRect(x, y + (L - icon) / 2, icon, icon));
-                x += icon;
+                pictures.draw(p, r.picture, QPoint(x, y + (L - icon) / 2));
+                x += pictures.width(r.picture);
                 continue;
             }
             const QFont f = textFont(pixels, r.bold);

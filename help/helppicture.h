@@ -1,5 +1,5 @@
-// The help document's picture, drawn from its text source and the button faces, so that it always shows
-// the faces the command bar shows.
+// The help document's picture, drawn from its text source, the button faces and the library window's own
+// add button, so that it always shows the buttons as the game shows them.
 #pragma once
 
 #include <QImage>

@@ -38,7 +38,39 @@ QCursor svgCursor(const QString &path)
     p.end();
     return QCursor(pm, 2, 2); // the arrow's tip
 }
+
+// The window's grey ground; its buttons take their outline from it.
+void paintGrey(QWidget *window)
+{
+    window->setAutoFillBackground(true);
+    QPalette pal = window->palette();
+    pal.setColor(QPalette::Window, Grey);
+    window->setPalette(pal);
+}
+
+// "&Add Image" at its design size; the window places it.
+QPushButton *newAddButton(QWidget *window)
+{
+    auto *button = new QPushButton(QStringLiteral("&Add Image"), window);
+    button->resize(px(2280), px(645));
+    return button;
+}
 } // namespace
+
+QImage addButtonPicture(qreal ratio)
+{
+    // A hidden window of the same kind and ground, so that the button is drawn exactly as it stands in
+    // the library window before the player touches it.
+    QDialog window;
+    paintGrey(&window);
+    QPushButton *button = newAddButton(&window);
+    window.resize(button->size());
+    QImage picture(button->size() * ratio, QImage::Format_RGB32);
+    picture.setDevicePixelRatio(ratio);
+    picture.fill(Grey);
+    button->render(&picture);
+    return picture;
+}
 
 LibImage::LibImage(QWidget *parent)
     : PictureBox(parent, Grey)
@@ -54,10 +86,7 @@ libfrm::libfrm(const LibraryHost &host, QWidget *parent)
 {
     setWindowTitle(QStringLiteral("Picture Library"));
     setFixedSize(px(6795), px(5205));
-    setAutoFillBackground(true);
-    QPalette pal = palette();
-    pal.setColor(QPalette::Window, Grey);
-    setPalette(pal);
+    paintGrey(this);
     for (int k = 0; k < library::Thumbs; ++k) {
         libimg[k] = new LibImage(this);
         libimg[k]->move(px(ThumbLeft[k / 2]), px(ThumbTop[k % 2]));
@@ -87,8 +116,8 @@ libfrm::libfrm(const LibraryHost &host, QWidget *parent)
     cb_del->setGeometry(px(570), px(4425), px(360), px(360));
     cb_cancel = new QPushButton(QStringLiteral("&Cancel"), this);
     cb_cancel->setGeometry(px(1440), px(4320), px(2265), px(645));
-    cb_add = new QPushButton(QStringLiteral("&Add Image"), this);
-    cb_add->setGeometry(px(4050), px(4320), px(2280), px(645));
+    cb_add = newAddButton(this);
+    cb_add->move(px(4050), px(4320));
     connect(cb_cancel, &QPushButton::clicked, this, &libfrm::cb_cancel_Click);
     connect(cb_add, &QPushButton::clicked, this, &libfrm::cb_add_Click);
     Form_Load();

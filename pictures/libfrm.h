@@ -42,6 +42,10 @@ constexpr int Leave = 1;
 constexpr int Over = 2;
 } // namespace DragState
 
+// The "&Add Image" button as the library window shows it, drawn at this many device pixels to a pixel:
+// the help document shows it on its line about adding pictures.
+QImage addButtonPicture(qreal ratio);
+
 class libfrm : public QDialog
 {
     Q_OBJECT

@@ -1,6 +1,9 @@
-// The tile position hint on a stand-in clock, the views' guards and the tray after them, offscreen.
+// The tile position hint on a stand-in clock, the views' guards and the tray after them, the help
+// picture's library button, offscreen.
 #include "game.h"
+#include "pictures/libfrm.h"
 
+#include <QPushButton>
 #include <QTest>
 
 class HelpTest : public QObject
@@ -76,6 +79,30 @@ private slots:
             QTest::mouseClick(view, Qt::LeftButton);
             QVERIFY(trayShown(w, 4));
         }
+    }
+
+    // The help's line on adding pictures shows the library window's "Add Image" button as that window
+    // shows it, shrunk to a line's height: exactly once, wherever the line is laid out.
+    void helpShowsLibraryAddButton()
+    {
+        Game g;
+        QImage button;
+        g.tp.modals.script = [&](QDialog &d) {
+            d.show();
+            button = static_cast<libfrm &>(d).cb_add->grab().toImage().convertToFormat(QImage::Format_RGB32);
+        };
+        g.w.cb_lib_Click();
+        g.w.cb_helpdoc_Click();
+        const QImage &help = g.w.hlpdoc->image();
+        int found = 0;
+        for (int h = 10; h <= 18; ++h) {
+            const int w = qRound(h * button.width() / double(button.height()));
+            const QImage want = button.scaled(w, h, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+            for (int y = 0; y + h <= help.height(); ++y)
+                for (int x = 0; x + w <= help.width(); ++x)
+                    found += help.pixel(x, y) == want.pixel(0, 0) && help.copy(x, y, w, h) == want;
+        }
+        QCOMPARE(found, 1);
     }
 };
 QTEST_MAIN(HelpTest)
