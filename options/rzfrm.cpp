@@ -5,6 +5,7 @@
 #include <QIcon>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QScreen>
 
 namespace
 {
@@ -59,6 +60,9 @@ rzfrm::rzfrm(Integer &GridN, QWidget *parent)
     cb_cancel->setIconSize(QSize(24, 24));
     connect(cb_ok, &QPushButton::clicked, this, &rzfrm::cb_ok_Click);
     connect(cb_cancel, &QPushButton::clicked, this, &rzfrm::cb_cancel_Click);
+    // Centred on the screen, and placed there in so many words: a window manager would place it itself.
+    if (const QScreen *sc = parent ? parent->screen() : screen())
+        move(sc->geometry().center() - QPoint(width() / 2, height() / 2));
     Form_Load();
 }
 

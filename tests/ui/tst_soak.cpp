@@ -200,7 +200,7 @@ struct Player {
     }
 
     // A save is loaded back as the same board and tray, and saved again as the same bytes; the board
-    // looks the same whenever the load lays it out with the same tiles.
+    // looks the same whenever the load scales the picture to the same tile source.
     QString saveAndLoad()
     {
         if (!s().allows(Command::SaveGame))
@@ -208,14 +208,14 @@ struct Player {
         w->cb_save_Click();
         lastSave = bytesOf(s().PzlFile);
         QImage board = w->vxrz->image();
-        const QSize tile(s().TileW, s().TileH);
+        const QSize source = w->vxrz_s->size();
         w->cb_load_Click();
         if (puzzlefile::encode(s()) != lastSave || !s().InPlay)
             return QStringLiteral("the load gives another puzzle than the save");
         const QImage now = w->vxrz->image();
         // The corner pixel that no grid line reaches is cleared only by a load.
         board.setPixel(board.width() - 1, board.height() - 1, now.pixel(now.width() - 1, now.height() - 1));
-        if (tile == QSize(s().TileW, s().TileH) && now != board)
+        if (source == w->vxrz_s->size() && now != board)
             return QStringLiteral("the loaded board looks other than the saved one");
         w->cb_save_Click();
         return bytesOf(s().PzlFile) == lastSave ? QString() : QStringLiteral("the second save differs");
