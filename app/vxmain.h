@@ -192,6 +192,8 @@ private:
     bool m_scrambling = false;
     // Device pixels to a pixel of the window, rounded up: the density of the boxes' second drawing.
     int m_fineRatio = 1;
+    // The board box the picture on the board was fitted into, before the layout rounded it to tiles.
+    QSize m_fitted;
 
 public:
     // Pins the random generator, so that a test can repeat a scramble.

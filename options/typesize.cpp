@@ -55,6 +55,11 @@ void vxmain::cb_resize_Click()
     if (s.GridN == before)
         return;
     s.setGridSize(s.GridN);
+    // A layout can leave the board box a pixel beyond the picture's fitted box; the new tiles are cut
+    // from no more than that box, so that a load, which fits the picture afresh, finds them inside it.
+    if (!s.PicFile.isEmpty())
+        vxrz->setBoxSize(
+            std::min(vxrz->width(), m_fitted.width()), std::min(vxrz->height(), m_fitted.height()));
     ScrResize();
     if (!s.PicFile.isEmpty())
         Scramble();

@@ -56,6 +56,7 @@ bool vxmain::LoadPic(const QString &mode)
     vxrz->clearPicture();
     vxrz_s->clearPicture();
     vxrz->setBoxSize(box.width(), box.height());
+    m_fitted = box;
     ScrResize();
     vxrz_s->setBoxSize(vxrz->width(), vxrz->height());
     // The picture was decoded at exactly this size, smoothly; the stretch is then a plain copy.

@@ -96,7 +96,7 @@ struct Player {
             const char *name;
             QSize size;
         } files[] = { { "photo.jpg", { 1024, 768 } }, { "tall.bmp", { 600, 800 } },
-            { "wide.gif", { 1000, 300 } }, { "small.jpg", { 97, 61 } }, { "Bild ü 狐.bmp", { 300, 300 } },
+            { "wide.gif", { 1000, 300 } }, { "small.jpg", { 130, 81 } }, { "Bild ü 狐.bmp", { 300, 300 } },
             { "lib/VX_lib.jpg", { 800, 600 } } };
         QDir(dir.path()).mkpath(QStringLiteral("lib"));
         for (const auto &f : files) {
@@ -188,10 +188,13 @@ struct Player {
             for (int k = rng.bounded(40); playing && s().InPlay && k > 0; --k)
                 if (!randomMove(g, rng))
                     return QStringLiteral("a press away from the blank slid a tile");
-            if (playing && !s().InPlay) { // solved: the whole picture framed, and no press is taken
+            // Solved: the whole picture framed, and no press is taken. (A new size whose tiles divide the
+            // board box makes the board one pixel wider or higher than the picture.)
+            if (playing && !s().InPlay) {
                 const auto board = s().Board;
                 g.vxrz_MouseDown(Qt::LeftButton, {}, 5, 5);
-                if (s().InPlace != s().TileTotal || g.vxrz->image() != g.vxrz_s->image() || !framed(g)
+                if (s().InPlace != s().TileTotal
+                    || g.vxrz->image().copy(g.vxrz_s->rect()) != g.vxrz_s->image() || !framed(g)
                     || s().Board != board)
                     return QStringLiteral("the solved puzzle is not shown whole");
             }
@@ -199,24 +202,17 @@ struct Player {
         return {};
     }
 
-    // A save is loaded back as the same board and tray, and saved again as the same bytes; the board
-    // looks the same whenever the load scales the picture to the same tile source.
+    // A save is loaded back as the same tables, every holder showing its piece (checked after every
+    // step), and saved again as the same bytes.
     QString saveAndLoad()
     {
         if (!s().allows(Command::SaveGame))
             return {};
         w->cb_save_Click();
         lastSave = bytesOf(s().PzlFile);
-        QImage board = w->vxrz->image();
-        const QSize source = w->vxrz_s->size();
         w->cb_load_Click();
         if (puzzlefile::encode(s()) != lastSave || !s().InPlay)
             return QStringLiteral("the load gives another puzzle than the save");
-        const QImage now = w->vxrz->image();
-        // The corner pixel that no grid line reaches is cleared only by a load.
-        board.setPixel(board.width() - 1, board.height() - 1, now.pixel(now.width() - 1, now.height() - 1));
-        if (source == w->vxrz_s->size() && now != board)
-            return QStringLiteral("the loaded board looks other than the saved one");
         w->cb_save_Click();
         return bytesOf(s().PzlFile) == lastSave ? QString() : QStringLiteral("the second save differs");
     }
