@@ -34,7 +34,7 @@ test: build $(SAN_BUILD)/CMakeCache.txt
 	$(SAN_ENV) cmake --build $(SAN_BUILD) -j $(JOBS)
 	cd $(SAN_BUILD) && $(SAN_ENV) ctest --output-on-failure -j $(JOBS) -LE system
 
-# The long runs: 100,000 random presses and drags with 1,000 save and load cycles; then the real-window
+# The long runs: 100,000 random commands in a player's order with saves, loads and restarts; then the real-window
 # tests play the sanitized program (open, scramble, play, save, load, library, help, views, hint,
 # minimise), whose every exit through "Exit" must leave no leak.
 soak: test

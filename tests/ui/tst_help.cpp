@@ -61,26 +61,6 @@ private slots:
         QVERIFY(!s.HintMode && g.tp.pointers.current() == PointerShape::Default);
     }
 
-    // Neither the full view nor the hint starts while the picture is whole; after either view of a drag
-    // puzzle only the tray boxes in use come back.
-    void viewsBringBackTrayBoxesInUse()
-    {
-        Game g;
-        QVERIFY(g.play(Codes::Drag, 4));
-        vxmain &w = g.w;
-        g.s().InPlay = false;
-        w.cb_full_Click();
-        w.cb_help_Click();
-        QVERIFY(!w.vxrz_s->isVisible() && !g.s().HintMode);
-        g.s().InPlay = true;
-        for (PictureBox *view : { w.vxrz_s, w.hlpdoc }) {
-            view == w.hlpdoc ? w.cb_helpdoc_Click() : w.cb_full_Click();
-            QVERIFY(view->isVisible() && trayShown(w, 0));
-            QTest::mouseClick(view, Qt::LeftButton);
-            QVERIFY(trayShown(w, 4));
-        }
-    }
-
     // The help's line on adding pictures shows the library window's "Add Image" button as that window
     // shows it, shrunk to a line's height: exactly once, wherever the line is laid out.
     void helpShowsLibraryAddButton()

@@ -159,20 +159,23 @@ struct Player {
         case 5:
             g.cb_scramble_Click();
             break;
-        case 6: // the full image, then back to the game
-            g.cb_full_Click();
-            if (g.vxrz_s->isVisible())
-                g.vxrz_s_Click();
+        case 6:
+        case 7: { // the full image (only in play) or the help, with no tray box; a click on it comes back
+            PictureBox *view = command == 6 ? g.vxrz_s : g.hlpdoc;
+            command == 6 ? g.cb_full_Click() : g.cb_helpdoc_Click();
+            if (view->isVisible() != (command == 7 || playing) || (view->isVisible() && !trayShown(g, 0)))
+                return QStringLiteral("a view shows where it may not");
+            QTest::mouseClick(view, Qt::LeftButton);
             break;
-        case 7:
-            g.cb_helpdoc_Click();
-            if (g.hlpdoc->isVisible())
-                g.hlpdoc_Click();
-            break;
-        case 8: // the hint armed, then a press on the board shows a home or only disarms it
+        }
+        case 8: { // the hint armed (only in play), then a press on the board shows a home or disarms it
+            const bool armed = s().HintMode;
             g.cb_help_Click();
+            if (s().HintMode != (s().InPlay && !armed))
+                return QStringLiteral("the hint is armed where it may not be");
             g.vxrz_MouseDown(Qt::LeftButton, {}, rng.bounded(g.vxrz->width()), rng.bounded(g.vxrz->height()));
             break;
+        }
         case 9:
             g.cb_load_Click();
             break;
@@ -188,14 +191,14 @@ struct Player {
             for (int k = rng.bounded(40); playing && s().InPlay && k > 0; --k)
                 if (!randomMove(g, rng))
                     return QStringLiteral("a press away from the blank slid a tile");
-            // Solved: the whole picture framed, and no press is taken. (A new size whose tiles divide the
-            // board box makes the board one pixel wider or higher than the picture.)
+            // Solved: the whole picture framed, and no press is taken. (After a new size the board can
+            // stand a pixel wider or narrower than the picture.)
             if (playing && !s().InPlay) {
                 const auto board = s().Board;
+                const QRect both = g.vxrz->rect() & g.vxrz_s->rect();
                 g.vxrz_MouseDown(Qt::LeftButton, {}, 5, 5);
-                if (s().InPlace != s().TileTotal
-                    || g.vxrz->image().copy(g.vxrz_s->rect()) != g.vxrz_s->image() || !framed(g)
-                    || s().Board != board)
+                if (s().InPlace != s().TileTotal || g.vxrz->image().copy(both) != g.vxrz_s->image().copy(both)
+                    || !framed(g) || s().Board != board)
                     return QStringLiteral("the solved puzzle is not shown whole");
             }
         }
