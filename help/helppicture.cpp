@@ -81,32 +81,25 @@ constexpr int Right = 8;
 constexpr int IndentStep = 16;
 
 // The pictures a line may show, all as tall as a line allows: the button faces and the delete symbol,
-// square, and the library window's add button, as wide as that button is for its height.
+// square, and the library window's add button, as wide as its text needs.
 class Pictures
 {
 public:
     Pictures(int height, qreal ratio)
         : m_height(height)
-        , m_addButton(addButtonPicture(ratio))
+        , m_addButton(addButtonPicture(height, ratio))
     {
     }
     int width(const QString &name) const
     {
-        if (name != QLatin1String("cb_add"))
-            return m_height;
-        const QSizeF button = m_addButton.deviceIndependentSize();
-        return qRound(m_height * button.width() / button.height());
+        return name == QLatin1String("cb_add") ? qRound(m_addButton.deviceIndependentSize().width())
+                                               : m_height;
     }
     void draw(QPainter &p, const QString &name, QPoint at) const
     {
         const QRect box(at, QSize(width(name), m_height));
         if (name == QLatin1String("cb_add")) {
-            // Shrunk by averaging, which keeps its small text readable where a stretch would break it.
-            const qreal ratio = m_addButton.devicePixelRatio();
-            QImage face = m_addButton.scaled(
-                (QSizeF(box.size()) * ratio).toSize(), Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
-            face.setDevicePixelRatio(ratio);
-            p.drawImage(box.topLeft(), face);
+            p.drawImage(box.topLeft(), m_addButton);
         } else if (name == QLatin1String("delete")) {
             // The delete symbol, drawn for a dark ground, gets a face's dark plate under it.
             p.setPen(QColor(0x60, 0x60, 0x68));

@@ -1,11 +1,11 @@
 // The size dialog, laid out from its design in twips (15 to a pixel).
 #include "options/rzfrm.h"
+#include "platform/caption.h"
 
 #include <QButtonGroup>
 #include <QIcon>
 #include <QPushButton>
 #include <QRadioButton>
-#include <QScreen>
 
 namespace
 {
@@ -60,9 +60,7 @@ rzfrm::rzfrm(Integer &GridN, QWidget *parent)
     cb_cancel->setIconSize(QSize(24, 24));
     connect(cb_ok, &QPushButton::clicked, this, &rzfrm::cb_ok_Click);
     connect(cb_cancel, &QPushButton::clicked, this, &rzfrm::cb_cancel_Click);
-    // Centred on the screen, and placed there in so many words: a window manager would place it itself.
-    if (const QScreen *sc = parent ? parent->screen() : screen())
-        move(sc->geometry().center() - QPoint(width() / 2, height() / 2));
+    centreOnScreen(this, parent);
     Form_Load();
 }
 

@@ -4,6 +4,7 @@
 
 #include "pictures/librarymodel.h"
 #include "pictures/thumbnail.h"
+#include "platform/caption.h"
 #include "platform/shapes.h"
 #include "play/puzzlestate.h"
 #include "render/picturefile.h"
@@ -57,13 +58,14 @@ QPushButton *newAddButton(QWidget *window)
 }
 } // namespace
 
-QImage addButtonPicture(qreal ratio)
+QImage addButtonPicture(int height, qreal ratio)
 {
-    // A hidden window of the same kind and ground, so that the button is drawn exactly as it stands in
-    // the library window before the player touches it.
+    // A hidden window of the same kind and ground, so that the button is drawn as it stands in the
+    // library window before the player touches it; its text keeps its size, so it stays readable.
     QDialog window;
     paintGrey(&window);
     QPushButton *button = newAddButton(&window);
+    button->resize(button->sizeHint().width(), height);
     window.resize(button->size());
     QImage picture(button->size() * ratio, QImage::Format_RGB32);
     picture.setDevicePixelRatio(ratio);
@@ -86,6 +88,8 @@ libfrm::libfrm(const LibraryHost &host, QWidget *parent)
 {
     setWindowTitle(QStringLiteral("Picture Library"));
     setFixedSize(px(6795), px(5205));
+    // Over the game, which stands in the middle of the screen.
+    centreOnScreen(this, parent);
     paintGrey(this);
     for (int k = 0; k < library::Thumbs; ++k) {
         libimg[k] = new LibImage(this);

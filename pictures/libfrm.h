@@ -42,9 +42,9 @@ constexpr int Leave = 1;
 constexpr int Over = 2;
 } // namespace DragState
 
-// The "&Add Image" button as the library window shows it, drawn at this many device pixels to a pixel:
-// the help document shows it on its line about adding pictures.
-QImage addButtonPicture(qreal ratio);
+// The "&Add Image" button as the library window shows it, but as tall as a line of the help document,
+// which shows it on its line about adding pictures; drawn at this many device pixels to a pixel.
+QImage addButtonPicture(int height, qreal ratio);
 
 class libfrm : public QDialog
 {

@@ -1,7 +1,9 @@
-// Emptying the X11 window name properties that Qt fills with the application's name.
+// Emptying the X11 window name properties that Qt fills with the application's name, and placing
+// secondary windows.
 #include "platform/caption.h"
 
 #include <QGuiApplication>
+#include <QScreen>
 #include <QWidget>
 #include <xcb/xcb.h>
 
@@ -29,4 +31,10 @@ void clearNativeCaption(QWidget *window)
     xcb_change_property(
         c, XCB_PROP_MODE_REPLACE, id, atom(c, "_NET_WM_NAME"), atom(c, "UTF8_STRING"), 8, 0, nullptr);
     xcb_flush(c);
+}
+
+void centreOnScreen(QWidget *window, const QWidget *over)
+{
+    if (const QScreen *sc = over ? over->screen() : window->screen())
+        window->move(sc->geometry().center() - QPoint(window->width() / 2, window->height() / 2));
 }

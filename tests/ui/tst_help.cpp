@@ -62,26 +62,28 @@ private slots:
     }
 
     // The help's line on adding pictures shows the library window's "Add Image" button as that window
-    // shows it, shrunk to a line's height: exactly once, wherever the line is laid out.
+    // shows it, as tall as a line: exactly once, wherever the line is laid out.
     void helpShowsLibraryAddButton()
     {
         Game g;
-        QImage button;
+        QList<QImage> buttons;
         g.tp.modals.script = [&](QDialog &d) {
+            QPushButton *add = static_cast<libfrm &>(d).cb_add;
             d.show();
-            button = static_cast<libfrm &>(d).cb_add->grab().toImage().convertToFormat(QImage::Format_RGB32);
+            for (int h = 14; h <= 22; ++h) {
+                add->resize(add->sizeHint().width(), h);
+                buttons << add->grab().toImage().convertToFormat(QImage::Format_RGB32);
+            }
         };
         g.w.cb_lib_Click();
         g.w.cb_helpdoc_Click();
         const QImage &help = g.w.hlpdoc->image();
         int found = 0;
-        for (int h = 10; h <= 18; ++h) {
-            const int w = qRound(h * button.width() / double(button.height()));
-            const QImage want = button.scaled(w, h, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
-            for (int y = 0; y + h <= help.height(); ++y)
-                for (int x = 0; x + w <= help.width(); ++x)
-                    found += help.pixel(x, y) == want.pixel(0, 0) && help.copy(x, y, w, h) == want;
-        }
+        for (const QImage &want : std::as_const(buttons))
+            for (int y = 0; y + want.height() <= help.height(); ++y)
+                for (int x = 0; x + want.width() <= help.width(); ++x)
+                    found += help.pixel(x, y) == want.pixel(0, 0)
+                        && help.copy(QRect({ x, y }, want.size())) == want;
         QCOMPARE(found, 1);
     }
 };
