@@ -38,7 +38,7 @@ test: build $(SAN_BUILD)/CMakeCache.txt
 # tests play the sanitized program (open, scramble, play, save, load, library, help, views, hint,
 # minimise), whose every exit through "Exit" must leave no leak.
 soak: test
-	QT_QPA_PLATFORM=offscreen VARNO_SOAK=1 $(BUILD)/bin/tst_soak
+	QT_QPA_PLATFORM=offscreen VARNO_SOAK=1 QTEST_FUNCTION_TIMEOUT=3600000 $(BUILD)/bin/tst_soak
 	cd $(BUILD) && VARNO_GAME=$(CURDIR)/$(SAN_BUILD)/bin/varno $(SAN_ENV) ctest --output-on-failure -R tst_real
 
 # Only the benchmark and the programs it starts are built: the tests are not measured.
