@@ -15,6 +15,7 @@
 #include <QPushButton>
 #include <QScrollBar>
 #include <QSvgRenderer>
+#include <cmath>
 
 namespace
 {
@@ -85,6 +86,7 @@ libfrm::libfrm(const LibraryHost &host, QWidget *parent)
     , libscroll_DragIcon(svgCursor(QStringLiteral(":/cursors/libdrag.svg")))
     , cb_del_DragIcon(svgCursor(QStringLiteral(":/cursors/libdrag_del.svg")))
     , m_host(host)
+    , m_ratio(std::max(int(std::ceil(devicePixelRatioF())), 1))
 {
     setWindowTitle(QStringLiteral("Picture Library"));
     setFixedSize(px(6795), px(5205));
@@ -95,6 +97,7 @@ libfrm::libfrm(const LibraryHost &host, QWidget *parent)
         libimg[k] = new LibImage(this);
         libimg[k]->move(px(ThumbLeft[k / 2]), px(ThumbTop[k % 2]));
         libimg[k]->setBoxSize(ThumbSize.width(), ThumbSize.height());
+        libimg[k]->setFineRatio(m_ratio);
         libimg[k]->installEventFilter(this);
         connect(libimg[k], &PictureBox::mousePressed, this,
             [this, k](Qt::MouseButton b, Qt::KeyboardModifiers m, QPointF p) {
@@ -159,33 +162,37 @@ void libfrm::libscroll_Change()
         tags[k] = libimg[k]->Tag;
     }
     const std::array<int, library::Thumbs> from = library::planFill(tags, names);
-    // A picture is only ever handed on by a thumbnail not yet refilled in this pass: take them all now.
+    // A picture is only ever handed on by a thumbnail not yet refilled in this pass: take them all now,
+    // at the device's resolution.
     std::array<QImage, library::Thumbs> held;
     std::array<QString, library::Thumbs> problems;
     QStringList toRead;
     for (int k = 0; k < library::Thumbs; ++k) {
-        held[k] = libimg[k]->image();
+        held[k] = libimg[k]->fine() ? *libimg[k]->fine() : libimg[k]->image();
+        held[k].setDevicePixelRatio(1);
         problems[k] = libimg[k]->Problem;
         if (from[k] < 0 && !names[k].isEmpty())
             toRead << names[k];
     }
-    const std::vector<thumbnail::Thumb> read = thumbnail::decodeAll(toRead, ThumbSize);
+    const std::vector<thumbnail::Thumb> read = thumbnail::decodeAll(toRead, ThumbSize, m_ratio);
     auto next = read.begin();
     for (int k = 0; k < library::Thumbs; ++k) {
         LibImage *img = libimg[k];
         img->Tag = names[k];
         if (from[k] >= 0) {
-            img->setPicture(held[from[k]]);
+            img->stretchDraw(held[from[k]], img->rect());
             img->Problem = problems[from[k]];
         } else if (names[k].isEmpty()) {
             img->clearPicture();
             img->Problem.clear();
         } else {
-            img->setPicture(next->image);
+            img->stretchDraw(next->image, img->rect());
             img->Problem = next->error;
             ++next;
         }
     }
+    // Shown: what was made here goes to the desktop's cache on a thread of its own.
+    thumbnail::keep(read);
 }
 
 void libfrm::clearThumbnails()

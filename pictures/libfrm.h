@@ -15,7 +15,7 @@ class QPushButton;
 class QScrollBar;
 class SvgImage;
 
-// A thumbnail: an image box showing a library picture stretched to it.
+// A thumbnail: an image box showing a library picture stretched to it, drawn at the screen's density.
 class LibImage : public PictureBox
 {
     Q_OBJECT
@@ -86,6 +86,8 @@ private:
     void endDrag();
 
     LibraryHost m_host;
+    // Device pixels to a pixel of the thumbnails: the screen's ratio rounded up.
+    int m_ratio = 1;
     bool m_dragging = false;
     bool m_overDelete = false;
 };

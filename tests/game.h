@@ -5,6 +5,7 @@
 #include "app/vxmain.h"
 #include "doubles.h"
 #include "measure.h"
+#include "pictures/thumbcache.h"
 #include "platform/picturebox.h"
 #include "platform/shapes.h"
 #include "tools/gifwriter.h"
@@ -44,7 +45,14 @@ struct Game {
 
     Game()
     {
+        // The library's thumbnails are cached beside the program, never in the user's cache.
+        qputenv("XDG_CACHE_HOME", QFile::encodeName(dir.filePath("cache")));
         w.show();
+    }
+    ~Game()
+    {
+        // The cache's writes end before their folder goes.
+        thumbcache::waitForWrites();
     }
     PuzzleState &s()
     {

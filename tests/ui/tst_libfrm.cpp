@@ -1,4 +1,5 @@
-// The library window: browsing, adding, choosing and leaving, deleting by a drag, camera thumbnails.
+// The library window: browsing, adding, choosing and leaving, deleting by a drag, camera thumbnails, the
+// desktop's thumbnail cache.
 #include "exifwriter.h"
 #include "game.h"
 #include "pictures/libfrm.h"
@@ -16,6 +17,9 @@ const auto colour = [](int i) { return qRgb(30 + 20 * i, 220 - 20 * i, 60 + 90 *
 const auto libFile = [](Game &g, int i) { return g.s().LibPath + QStringLiteral("/VX_c%1.bmp").arg(i + 1); };
 const auto step = [](libfrm &d, QAbstractSlider::SliderAction a) { d.libscroll->triggerAction(a); };
 const auto solid = [](QSize s, QRgb c) { return QImage((uchar *)&c, 1, 1, QImage::Format_RGB32).scaled(s); };
+// Neither the group nor others may read a file or folder of the cache.
+const auto own
+    = [](const QString &path) { return QFileInfo::exists(path) && !(QFile::permissions(path) & 0x77); };
 
 // Library entry i is a picture of colour(i); a thumbnail shows an entry, -1 nothing, -2 the unreadable mark.
 Six view(Game &g, const libfrm &d)
@@ -116,6 +120,110 @@ private slots:
                 encode(solid({ 640, 480 }, qRgb(255, 0, 0)), "jpg"), 6, encode(thumb, "jpg")));
         const QImage shown = thumbnail::decode(path, { 112, 84 }).image;
         QVERIFY(qGray(shown.pixel(84, 21)) > 180 && qBlue(shown.pixel(28, 21)) > 200);
+    }
+
+    void thumbnailCache_data()
+    {
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<QByteArray>("uri"); // its end
+        QTest::addColumn<QString>("before"); // what the cache holds for the picture
+        QTest::addColumn<int>("ratio");
+        const auto row = [](const char *what, const char *before, const char *name = "a.bmp",
+                             const char *uri = "", int ratio = 1) {
+            QTest::newRow(what) << name << QByteArray(uri) << QString(before) << ratio;
+        };
+        row("the standard's example", "name only", "/home/jens/photos/me.png",
+            "file:///home/jens/photos/me.png");
+        row("spaces, letters beyond ASCII, dense screen", "nothing", "Café au lait [2].bmp",
+            "/Caf%C3%A9%20au%20lait%20%5B2%5D.bmp", 2);
+        row("another program's entry", "theirs");
+        row("stale entry", "stale");
+        row("entry for another file size", "other size");
+        row("entry of another shape", "other shape");
+        row("damaged entry", "cut short");
+        row("entry too large", "too large");
+        row("cache that cannot be written", "unwritable");
+        row("fail entry", "undecodable", "a.jpg");
+    }
+
+    // Another program's entry is used as it is; ours replaces a missing, stale or bad one, in normal/ and
+    // on a dense screen large/ too, and serves the next opening; a cache that cannot be written changes
+    // nothing that shows. A picture that cannot be decoded is noted, and read again once it changes.
+    void thumbnailCache()
+    {
+        QFETCH(QString, name);
+        QFETCH(QByteArray, uri);
+        QFETCH(QString, before);
+        QFETCH(int, ratio);
+        QTemporaryDir dir;
+        const QString path = QDir(dir.path()).filePath(name);
+        QVERIFY(thumbcache::original(path).uri.endsWith(uri));
+        if (before == "name only") {
+            QCOMPARE(thumbcache::original(path).name, QString("c6ee772d9e49320e97ec29a7eb5b1697.png"));
+            return;
+        }
+        qputenv("XDG_CACHE_HOME", QFile::encodeName(dir.filePath("cache")));
+        const QRgb red = qRgb(200, 0, 0), blue = qRgb(0, 0, 200);
+        QByteArray bytes = encode(solid({ 160, 120 }, red), before == "undecodable" ? "jpg" : "bmp", true);
+        // A progressive JPEG whose last scan runs past a block's 64 coefficients: whole, but not decodable.
+        const qsizetype sos = bytes.lastIndexOf("\xFF\xDA"), se = sos + 6 + 2 * bytes[std::max(sos + 4, 0LL)];
+        const char good = before == "undecodable" ? bytes[se] : 0;
+        const auto save = [&](char last, qint64 mtime) {
+            if (before == "undecodable")
+                bytes[se] = last;
+            QFile f(path);
+            QVERIFY(f.open(QIODevice::WriteOnly) && f.write(bytes) == bytes.size() && f.flush()
+                && f.setFileTime(QDateTime::fromSecsSinceEpoch(mtime), QFileDevice::FileModificationTime));
+        };
+        save(char(0xFF), 1700000000);
+        const thumbcache::Original o = thumbcache::original(path);
+        const QString folder = thumbcache::folder(), normal = folder + "/normal",
+                      entry = normal + "/" + o.name;
+        QImage theirs = solid(
+            before == "too large" ? QSize(300, 225) : QSize(128, before == "other shape" ? 128 : 96), blue);
+        theirs.setText("Thumb::URI", o.uri);
+        theirs.setText("Thumb::MTime", QString::number(o.mtime - (before == "stale")));
+        theirs.setText("Thumb::Size", QString::number(o.size + (before == "other size")));
+        theirs.setText("Software", "another viewer");
+        if (QStringList { "theirs", "stale", "other size", "other shape", "cut short", "too large" }.contains(
+                before))
+            QVERIFY(QDir().mkpath(normal) && theirs.save(entry));
+        if (before == "cut short")
+            QVERIFY(QFile(entry).resize(QFileInfo(entry).size() / 2));
+        // Running as root passes any permission: a file where the size folder would be stops it.
+        if (before == "unwritable")
+            QVERIFY(QDir().mkpath(folder) && QFile(normal).open(QIODevice::WriteOnly));
+        const auto open = [&] {
+            const std::vector<thumbnail::Thumb> t = thumbnail::decodeAll({ path }, { 112, 84 }, ratio);
+            thumbnail::keep(t);
+            thumbcache::waitForWrites();
+            return t[0];
+        };
+        const thumbnail::Thumb first = open();
+        QCOMPARE(first.image.size(), QSize(112, 84) * ratio);
+        if (before == "undecodable") {
+            // Noted: mended without a change of time or size, it stays unreadable; changed, it is read again.
+            save(good, o.mtime);
+            QVERIFY(!open().error.isEmpty());
+            save(good, o.mtime + 10);
+            QVERIFY(open().error.isEmpty());
+            return;
+        }
+        QCOMPARE(first.image.pixel(50, 40), before == "theirs" ? blue : red);
+        const QImage kept(entry);
+        if (before == "unwritable")
+            QVERIFY(QDir(folder).entryList(QDir::AllEntries | QDir::NoDotAndDotDot) == QStringList("normal"));
+        else if (before == "theirs")
+            QCOMPARE(kept.text("Software"), QString("another viewer"));
+        else
+            QVERIFY(kept.text("Software").startsWith("Varno ") && kept.pixel(9, 9) == red && own(entry)
+                && kept.text("Thumb::MTime") == QString::number(o.mtime)
+                && (ratio == 1 || QImage(folder + "/large/" + o.name).size() == QSize(160, 120)));
+        if (before == "nothing")
+            QVERIFY(own(folder) && own(normal));
+        const thumbnail::Thumb second = open();
+        QVERIFY(second.made.isNull() == (before != "unwritable")
+            && second.image.pixel(50, 40) == first.image.pixel(50, 40));
     }
 };
 
