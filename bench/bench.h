@@ -9,6 +9,7 @@
 #include <QThread>
 #include <algorithm>
 #include <functional>
+#include <sched.h>
 #include <vector>
 
 class PictureBox;
@@ -100,6 +101,27 @@ struct Pair {
 
 // Our figure and its baseline in turns, after one unmeasured call of each, in the given unit (1 = µs).
 Pair paired(int runs, const std::function<void()> &ours, const std::function<void()> &base, double unit = 1);
+
+// Keeps this thread, and the programs it starts, on the processor it is on now. The two processors of a
+// shared virtual machine can run at different speeds for minutes: a pair measured across both compares
+// the processors as much as the programs (one run gave djpeg's side 73 ms, the next 91 ms).
+struct OneProcessor {
+    cpu_set_t before {};
+    OneProcessor()
+    {
+        sched_getaffinity(0, sizeof before, &before);
+        cpu_set_t one {};
+        CPU_ZERO(&one);
+        CPU_SET(sched_getcpu(), &one);
+        sched_setaffinity(0, sizeof one, &one);
+    }
+    ~OneProcessor()
+    {
+        sched_setaffinity(0, sizeof before, &before);
+    }
+    OneProcessor(const OneProcessor &) = delete;
+    OneProcessor &operator=(const OneProcessor &) = delete;
+};
 
 // The peak resident memory a call adds above the level before it, in MiB.
 double peakRiseMiB(const std::function<void()> &f);

@@ -9,6 +9,7 @@
 
 #include <QApplication>
 #include <QElapsedTimer>
+#include <QFile>
 #include <QTemporaryDir>
 #include <cstdio>
 
@@ -19,6 +20,8 @@ int main(int argc, char **argv)
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
     QApplication app(argc, argv);
+    // The library's thumbnail cache is kept in the build folder, never in the user's own.
+    qputenv("XDG_CACHE_HOME", QFile::encodeName(QCoreApplication::applicationDirPath() + "/../bench-cache"));
     // Named sections only (start-up, pictures, play, store, library, frame); all of them by default.
     QStringList only = QApplication::arguments().mid(1);
     const auto wanted

@@ -11,7 +11,6 @@
 #include <QFileInfo>
 #include <QImageWriter>
 #include <QProcess>
-#include <sched.h>
 
 namespace
 {
@@ -30,27 +29,6 @@ void loadPicture(PictureBox &board, PictureBox &source, const QString &path, boo
     board.setBoxSize(target.width(), target.height());
     board.setPicture(source.image());
 }
-
-// Keeps this thread, and the programs it starts, on the processor it is on now. The two processors of a
-// shared virtual machine can run at different speeds for minutes: a pair measured across both compares
-// the processors as much as the programs (one run gave djpeg's side 73 ms, the next 91 ms).
-struct OneProcessor {
-    cpu_set_t before {};
-    OneProcessor()
-    {
-        sched_getaffinity(0, sizeof before, &before);
-        cpu_set_t one {};
-        CPU_ZERO(&one);
-        CPU_SET(sched_getcpu(), &one);
-        sched_setaffinity(0, sizeof one, &one);
-    }
-    ~OneProcessor()
-    {
-        sched_setaffinity(0, sizeof before, &before);
-    }
-    OneProcessor(const OneProcessor &) = delete;
-    OneProcessor &operator=(const OneProcessor &) = delete;
-};
 
 } // namespace
 

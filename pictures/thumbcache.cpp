@@ -7,6 +7,7 @@
 #include <QCryptographicHash>
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QImageReader>
 #include <QImageWriter>
 #include <QTemporaryFile>
@@ -130,10 +131,16 @@ namespace
             file.setAutoRemove(false);
     }
 
+    // The type the picture's name gives; the library takes its pictures by name.
     QString mimeOf(const QString &path)
     {
-        const QByteArray format = QImageReader::imageFormat(path);
-        return format.isEmpty() ? QString() : QStringLiteral("image/") + QString::fromLatin1(format);
+        const QString suffix = QFileInfo(path).suffix().toLower();
+        if (suffix == QLatin1String("jpg") || suffix == QLatin1String("jpeg"))
+            return QStringLiteral("image/jpeg");
+        if (suffix == QLatin1String("gif") || suffix == QLatin1String("bmp")
+            || suffix == QLatin1String("png"))
+            return QStringLiteral("image/") + suffix;
+        return {};
     }
 
 } // namespace
