@@ -140,15 +140,25 @@ struct Player {
             };
             g.cb_lib_Click();
             break;
-        case 2: // a size, confirmed or cancelled; 2 x 2 often, which play solves now and then
-            tp.modals.script
-                = [n = rng.bounded(3) ? rng.bounded(10) : 0, ok = rng.bounded(4) > 0](QDialog &d) {
-                      auto &r = static_cast<rzfrm &>(d);
-                      r.szopt[n]->click();
-                      (ok ? r.cb_ok : r.cb_cancel)->click();
-                  };
+        case 2: { // a size (2 x 2 often, which play solves now and then), confirmed, cancelled or closed;
+            // the dialog opens on the current size, and only a new size confirmed changes anything
+            const int n = rng.bounded(3) ? rng.bounded(10) + 2 : 2, how = rng.bounded(6);
+            const PuzzleState before = s();
+            bool current = before.HintMode;
+            tp.modals.script = [&](QDialog &d) {
+                auto &r = static_cast<rzfrm &>(d);
+                current = r.szopt[before.GridN - 2]->isChecked();
+                r.szopt[n - 2]->click();
+                how == 0 ? (void)r.close() : (how == 1 ? r.cb_cancel : r.cb_ok)->click();
+            };
             g.cb_resize_Click();
+            const bool same = before.HintMode || how < 2 || n == before.GridN;
+            if (!current
+                || (same ? puzzlefile::encode(s()) != puzzlefile::encode(before)
+                         : s().InPlay == s().PicFile.isEmpty()))
+                return QStringLiteral("the size dialog did other than it was told");
             break;
+        }
         case 3:
             tp.messages.answers = { rng.bounded(2) ? MsgAnswer::Yes : MsgAnswer::No };
             g.cb_type_Click();
