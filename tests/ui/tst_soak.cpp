@@ -96,7 +96,7 @@ struct Player {
             const char *name;
             QSize size;
         } files[] = { { "photo.jpg", { 1024, 768 } }, { "tall.bmp", { 600, 800 } },
-            { "wide.gif", { 1000, 300 } }, { "small.jpg", { 130, 81 } }, { "Bild ü 狐.bmp", { 300, 300 } },
+            { "wide.gif", { 1040, 348 } }, { "small.jpg", { 130, 81 } }, { "Bild ü 狐.bmp", { 300, 300 } },
             { "lib/VX_lib.jpg", { 800, 600 } } };
         QDir(dir.path()).mkpath(QStringLiteral("lib"));
         for (const auto &f : files) {

@@ -1,12 +1,9 @@
 // The saved puzzle: the file's bytes, save and load through their buttons, the refusal of unsound files,
 // a failed save, and the exit command's question.
 #include "game.h"
-#include "options/rzfrm.h"
 #include "platform/facebutton.h"
 #include "store/puzzlefile.h"
 
-#include <QPushButton>
-#include <QRadioButton>
 #include <QSignalSpy>
 #include <QTest>
 #include <csignal>
@@ -81,26 +78,6 @@ private slots:
         QCOMPARE(codes(b), codes(a));
         b.w.cb_save_Click();
         QCOMPARE(bytesOf(b.s().PzlFile), "VARNO01.01" + saved.mid(10));
-    }
-
-    // A puzzle saved after a new size loads back as it was, also where the size before left the board
-    // box a pixel beyond the picture's fitted box (520 x 324 is 6 rows of 54, the box 325 high).
-    void savedAfterNewSizeLoads()
-    {
-        Game g;
-        QVERIFY(g.load(g.picture(QStringLiteral("a.jpg"), picturegen::scene({ 130, 81 }, 1))));
-        for (const int n : { 3, 5 }) {
-            g.tp.modals.script = [n](QDialog &d) {
-                static_cast<rzfrm &>(d).szopt[n - 2]->click();
-                static_cast<rzfrm &>(d).cb_ok->click();
-            };
-            g.w.cb_resize_Click();
-            g.w.cb_save_Click();
-            const QByteArray saved = bytesOf(g.s().PzlFile);
-            g.w.cb_load_Click();
-            const AskedBox &last = g.tp.messages.asked.last(); // not an error, and the same puzzle
-            QVERIFY2(last.title == "Saved" && puzzlefile::encode(g.s()) == saved, qPrintable(last.text));
-        }
     }
 
     // An unsound file is refused with what is wrong and the game stays as it was; a picture
