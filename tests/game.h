@@ -39,10 +39,13 @@ inline const QRgb BlankColour = qRgb(255, 192, 192);
 
 struct Game {
     QTemporaryDir dir;
+    // The program folder: the game's own, or one that outlives it (a restart of the game).
+    QString root;
     TestPlatform tp;
-    vxmain w { tp.platform(), dir.path() };
+    vxmain w { tp.platform(), root };
 
-    Game()
+    explicit Game(const QString &folder = QString())
+        : root(folder.isEmpty() ? dir.path() : folder)
     {
         w.show();
     }
@@ -53,7 +56,7 @@ struct Game {
     // A file of these bytes beside the program.
     QString file(const QString &name, const QByteArray &bytes)
     {
-        const QString path = dir.filePath(name);
+        const QString path = root + QLatin1Char('/') + name;
         QFile f(path);
         if (!f.open(QIODevice::WriteOnly) || f.write(bytes) != bytes.size())
             qFatal("cannot write %s", qPrintable(path));
