@@ -1,5 +1,5 @@
-// The tile position hint on a stand-in clock, the views' guards and the tray after them, the help
-// picture's library button, offscreen.
+// The tile position hint on a stand-in clock and the help picture's library button, offscreen (the views'
+// guards and the tray after them: the soak).
 #include "game.h"
 #include "pictures/libfrm.h"
 
