@@ -1,8 +1,9 @@
-// The program: one instance per machine, the main window, the event loop.
+// The program: one instance per user, the main window, the event loop.
 #include "app/programfolder.h"
 #include "app/vxmain.h"
 #include "platform/qtservices.h"
 #include "platform/singleinstance.h"
+#include "platform/stopsignals.h"
 
 #include <QApplication>
 #include <QStandardPaths>
@@ -14,10 +15,13 @@ int main(int argc, char *argv[])
     QApplication::setOrganizationName(QStringLiteral("varno"));
     // Ties the window to its menu entry and icon on the desktop.
     QGuiApplication::setDesktopFileName(QStringLiteral("org.varno.varno"));
-    // A second start ends at once and silently; the running game is left alone.
+    // A second start ends at once and silently, after asking the running game to come forward.
     SingleInstance instance;
-    if (!instance.isFirst())
+    if (!instance.isFirst()) {
+        instance.callFirst(1000);
         return 0;
+    }
+    StopSignals stops;
     QApplication::setQuitOnLastWindowClosed(false);
     const QString exeFolder = QApplication::applicationDirPath();
     const QString folder
@@ -29,7 +33,12 @@ int main(int argc, char *argv[])
     QtEventPump events;
     QtModalRunner modals;
     vxmain window(Platform { messages, files, pointers, events, modals }, folder);
-    QObject::connect(&window, &vxmain::exitRequested, &app, &QApplication::quit, Qt::QueuedConnection);
+    // Leaving every event loop, nested ones too (a dialog's, a message box's): each returns as cancelled
+    // and its handler unwinds before the window goes. No window is asked to close on the way.
+    QObject::connect(
+        &window, &vxmain::exitRequested, &app, [] { QCoreApplication::exit(0); }, Qt::QueuedConnection);
+    QObject::connect(&stops, &StopSignals::stopAsked, &window, &vxmain::Form_Unload);
+    QObject::connect(&instance, &SingleInstance::comeForward, &window, &vxmain::BringForward);
     window.show();
     return QApplication::exec();
 }

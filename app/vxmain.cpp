@@ -2,11 +2,13 @@
 #include "app/vxmain.h"
 
 #include "platform/caption.h"
+#include "platform/closewatch.h"
 #include "platform/facebutton.h"
 #include "platform/picturebox.h"
 #include "platform/shapes.h"
 
 #include <QApplication>
+#include <QCloseEvent>
 #include <QDir>
 #include <QFileInfo>
 #include <QKeyEvent>
@@ -78,9 +80,15 @@ vxmain::vxmain(const Platform &platform, const QString &programFolder, QWidget *
     Form_Load();
     // The caption stays empty on every desktop, not only in Qt's own idea of the title.
     clearNativeCaption(this);
+    // Closed by the desktop while a modal window stands over it, the game ends all the same.
+    m_closeWatch = std::make_unique<CloseWatch>(this, [this] { Form_Unload(); });
 }
 
-vxmain::~vxmain() = default;
+vxmain::~vxmain()
+{
+    // The small window has no parent: a run ended while it stands in for the game takes it along.
+    delete vxmin;
+}
 
 void vxmain::buildControls()
 {
@@ -224,6 +232,21 @@ void vxmain::changeEvent(QEvent *event)
     QWidget::changeEvent(event);
     if (event->type() == QEvent::WindowStateChange)
         Form_Resize();
+}
+
+void vxmain::closeEvent(QCloseEvent *event)
+{
+    // Whoever closes the window (Alt+F4, a taskbar, a session's end) ends the game, never just hides it.
+    event->accept();
+    Form_Unload();
+}
+
+void vxmain::Form_Unload()
+{
+    if (m_ending)
+        return;
+    m_ending = true;
+    emit exitRequested();
 }
 
 bool vxmain::event(QEvent *event)

@@ -8,7 +8,9 @@
 
 #include <QWidget>
 #include <array>
+#include <memory>
 
+class CloseWatch;
 class FaceButton;
 class PictureBox;
 class ShapeBox;
@@ -49,6 +51,12 @@ public:
     void FrmRzMove();
     void Form_Resize();
     void Form_Activate();
+    // The window closed any way other than "Exit Game" (by the desktop, or a stop signal): the run ends
+    // at once, without the save question and without writing anything.
+    void Form_Unload();
+    // A later start of the game asked for it: the game comes back from the small window or from behind
+    // other windows, shown, raised and active.
+    void BringForward();
     void ScrResize();
 
     // Picture loading, the grid and the frame animation.
@@ -129,12 +137,14 @@ public:
     QImage vxpicfull;
 
 signals:
-    // The exit command ends the run through this (the program quits the application on it).
+    // The run ends through this (the program leaves its event loop on it): from the exit command after
+    // its question, or from Form_Unload.
     void exitRequested();
 
 protected:
     void resizeEvent(QResizeEvent *event) override;
     void changeEvent(QEvent *event) override;
+    void closeEvent(QCloseEvent *event) override;
     bool event(QEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
     bool eventFilter(QObject *watched, QEvent *event) override;
@@ -190,6 +200,9 @@ private:
     QWidget *vxmin = nullptr;
     RandomSource m_random;
     bool m_scrambling = false;
+    // The run is ending: handlers that let events run in the middle stop at their next chance.
+    bool m_ending = false;
+    std::unique_ptr<CloseWatch> m_closeWatch;
     // Device pixels to a pixel of the window, rounded up: the density of the boxes' second drawing.
     int m_fineRatio = 1;
     // The board box the picture on the board was fitted into, before the layout rounded it to tiles.

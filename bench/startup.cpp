@@ -221,8 +221,9 @@ std::vector<std::vector<Sample>> measure(const std::vector<Program> &programs, i
     }
     QFile::setPermissions(
         home.filePath(QStringLiteral("run")), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
-    // Every program sees the same plain desktop session: a fresh home and temporary folder (where the
-    // game's single-instance lock lives, away from any other copy running), its own bus, no window manager.
+    // Every program sees the same plain desktop session: a fresh home, temporary and runtime folder (where
+    // the game's single-instance lock lives, away from any other copy running), its own bus, no window
+    // manager.
     std::vector<QByteArray> env { "PATH=" + qgetenv("PATH"), "LANG=C.UTF-8",
         "HOME=" + QFile::encodeName(home.path()),
         "XDG_RUNTIME_DIR=" + QFile::encodeName(home.filePath(QStringLiteral("run"))),

@@ -62,17 +62,25 @@ void vxmain::HelpOn(Integer pos, bool fromTray)
     marker->move(start);
     marker->raise();
     marker->show();
+    // The screen shows each step before the sleep; a run that ends meanwhile stops the blinking.
     EventPump &ev = m_platform.events;
-    ev.processPendingEvents(false);
-    ev.sleepMs(600);
+    const auto shownFor = [&](int ms) {
+        ev.processPendingEvents(false);
+        if (m_ending)
+            return false;
+        ev.sleepMs(ms);
+        return true;
+    };
+    if (!shownFor(600))
+        return;
     hlpfr_rz->move(homePos);
     marker->hide();
     for (int i = 0; i < 4; ++i) {
         hlpfr_rz->show();
-        ev.processPendingEvents(false);
-        ev.sleepMs(300);
+        if (!shownFor(300))
+            return;
         hlpfr_rz->hide();
-        ev.processPendingEvents(false);
-        ev.sleepMs(300);
+        if (!shownFor(300))
+            return;
     }
 }

@@ -74,7 +74,13 @@ void MiniWindow::closeEvent(QCloseEvent *event)
 void MiniWindow::mousePressEvent(QMouseEvent *)
 {
     // Where no desktop can restore it (a bare X server shows it as it is), a click brings the game back.
+    restore();
+}
+
+void MiniWindow::restore()
+{
     m_awaitingMinimised = false;
+    m_minimiseOnExpose = false;
     if (windowState() & Qt::WindowMinimized)
         setWindowState(Qt::WindowNoState);
     else
@@ -113,6 +119,22 @@ void vxmain::vxmin_Resize()
     }
     show();
     // The game window keeps off the taskbar, so the window manager is asked to make it active.
+    raise();
+    activateWindow();
+}
+
+void vxmain::BringForward()
+{
+    if (m_ending)
+        return;
+    // Standing in for the game, the small window hands it back as when the player restores it.
+    if (m_state.MinState > 1 && vxmin) {
+        static_cast<MiniWindow *>(vxmin)->restore();
+        return;
+    }
+    if (isMinimized())
+        setWindowState(windowState() & ~Qt::WindowMinimized);
+    show();
     raise();
     activateWindow();
 }

@@ -13,6 +13,9 @@ public:
     // Asks the desktop to minimise the window, once it stands on the screen (a request made while the
     // window is still being mapped can be lost).
     void minimise();
+    // Brings the game back as the player's restore does: where no desktop can restore the window, or
+    // when the game is called to the front by a later start.
+    void restore();
 
 protected:
     void resizeEvent(QResizeEvent *event) override;

@@ -17,6 +17,9 @@ void vxmain::cb_lib_Click()
         m_platform.pointers.set(PointerShape::Default);
         m_platform.modals.exec(dialog);
     }
+    // A run that ended while the window stood open loads nothing more.
+    if (m_ending)
+        return;
     hideFrameBars();
     s.InPlay = false;
     if (!s.PicFile.isEmpty() && LoadPic(QStringLiteral("Load")))

@@ -19,7 +19,8 @@ void vxmain::PickImageFile()
 {
     PuzzleState &s = m_state;
     s.OpenFile.clear();
-    for (;;) {
+    // A run that ends while a refusal is shown offers no new dialog.
+    while (!m_ending) {
         const std::optional<FileChoice> choice = m_platform.files.open(Filter, Flags);
         if (!choice)
             return;

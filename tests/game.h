@@ -40,12 +40,15 @@ inline const QRgb BlankColour = qRgb(255, 192, 192);
 
 struct Game {
     QTemporaryDir dir;
+    // The program folder: the game's own, or one that outlives it (a restart of the game).
+    QString root;
     TestPlatform tp;
-    vxmain w { tp.platform(), dir.path() };
+    vxmain w { tp.platform(), root };
 
-    Game()
+    explicit Game(const QString &folder = QString())
+        : root(folder.isEmpty() ? dir.path() : folder)
     {
-        // The library's thumbnails are cached beside the program, never in the user's cache.
+        // The library's thumbnails are cached in this game's own folder, never in the user's cache.
         qputenv("XDG_CACHE_HOME", QFile::encodeName(dir.filePath("cache")));
         w.show();
     }
@@ -61,7 +64,7 @@ struct Game {
     // A file of these bytes beside the program.
     QString file(const QString &name, const QByteArray &bytes)
     {
-        const QString path = dir.filePath(name);
+        const QString path = root + QLatin1Char('/') + name;
         QFile f(path);
         if (!f.open(QIODevice::WriteOnly) || f.write(bytes) != bytes.size())
             qFatal("cannot write %s", qPrintable(path));

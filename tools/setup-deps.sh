@@ -3,8 +3,9 @@
 set -euo pipefail
 pkgs=(cmake g++ make qt6-base-dev qt6-svg-dev qt6-image-formats-plugins libqt6svg6 libxcb1-dev
       xvfb xauth xdotool x11-utils libjpeg-turbo-progs libjpeg-dev clang-format)
-# The help document's font (metric twin of Arial) and a small window manager for the minimise test.
-pkgs+=(fonts-liberation openbox)
+# The help document's font (metric twin of Arial), and a small window manager and its remote control
+# for the real-window tests (minimise, closing, a second start).
+pkgs+=(fonts-liberation openbox wmctrl)
 # The install's validators and the .deb package's library dependencies.
 pkgs+=(desktop-file-utils appstream dpkg-dev file)
 # `make bench` (setup-deps.sh bench): the two peer puzzles whose start-up is measured beside the game, and

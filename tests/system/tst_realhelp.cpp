@@ -1,17 +1,23 @@
 // The help and the views in the real program under Xvfb: the help document, the full image view, the
-// tile position hint as the screen shows it over time, and the minimised window under a window manager.
+// tile position hint as the screen shows it over time; then, under a window manager, the minimised
+// window, a second start, and every window closed by the window manager or the game stopped by a signal.
+#include "measure.h"
 #include "picturegen.h"
 #include "realgame.h"
 
 #include <QElapsedTimer>
 #include <QRegularExpression>
+#include <QWidget>
 
 class RealHelpTest : public QObject
 {
     Q_OBJECT
     RealGame g;
+    QProcess wm; // openbox, from the minimise test on
     const QPoint board { 146, 109 };
     QImage m_board, m_full; // the scrambled board, and the whole picture as the full image view shows it
+    const QRect area { g.client + QPoint(130, 90), QSize(560, 440) }; // the board in its frames
+    const QRect boardArea { g.client + board, QSize(517, 391) };
 
     // The small window that stands in for the game: the one window named exactly "Varno".
     static QString mini()
@@ -20,6 +26,11 @@ class RealHelpTest : public QObject
             if (xdotool({ "getwindowname", id }) == "Varno")
                 return id;
         return QString();
+    }
+    // The game hidden, and the small window iconified in its place.
+    static bool minimised()
+    {
+        return !mini().isEmpty() && xdotool({ "search", "--onlyvisible", "--class", "varno" }).isEmpty();
     }
 
 private slots:
@@ -52,11 +63,10 @@ private slots:
         m_full = g.shot("full");
         QCOMPARE(g.at(m_full, 141, 104), 0x00FFFFu); // the border, filled cyan
         QCOMPARE(g.at(m_full, 224 + 1, 1), qRgb(128, 128, 128) & 0xFFFFFF); // the label's grey
-        const QRect boardArea(g.client + board, QSize(517, 391));
         QCOMPARE(m_full.copy(boardArea), opened.copy(boardArea));
         g.click(300, 300);
-        const QRect area(g.client + QPoint(130, 30), QSize(560, 560));
-        QCOMPARE(g.shot("full-closed").copy(area), m_board.copy(area));
+        const QRect view(g.client + QPoint(130, 30), QSize(560, 560));
+        QCOMPARE(g.shot("full-closed").copy(view), m_board.copy(view));
     }
 
     // Sampled all along, the screen shows the pressed tile marked 600 ms, then four blinks on its home.
@@ -89,27 +99,105 @@ private slots:
     }
 
     // Under a window manager "Minimize Game" leaves an iconified window "Varno" in the game's place;
-    // restoring it brings the game back, centred and laid out as it was, and removes it. Twice. Then
-    // "Exit", saving on the way, ends the program cleanly.
+    // restoring it brings the game back, centred and laid out as it was, and removes it; so does closing
+    // it through the window manager. Then "Exit", saving on the way, ends the program cleanly.
     void minimiseAndRestoreTwice()
     {
-        QProcess wm; // ended with the test
         wm.start("openbox", { "--sm-disable" });
         QTRY_VERIFY_WITH_TIMEOUT(xdotool({ "get_num_desktops" }).toInt() > 0, 10000);
-        const QRect area(g.client + QPoint(130, 90), QSize(560, 440)); // the board in its frames
-        for (int cycle = 0; cycle < 2; ++cycle) {
+        for (const QString restore : { "windowactivate", "close" }) {
             g.command(301);
-            QTRY_VERIFY_WITH_TIMEOUT( // the game hidden and the small window iconified
-                !mini().isEmpty() && xdotool({ "search", "--onlyvisible", "--class", "varno" }).isEmpty(),
-                10000);
-            xdotool({ "windowactivate", mini() });
+            QTRY_VERIFY_WITH_TIMEOUT(minimised(), 10000);
+            if (restore == "close")
+                QProcess::execute("wmctrl", { "-i", "-c", mini() });
+            else
+                xdotool({ restore, mini() });
             QTRY_VERIFY_WITH_TIMEOUT(mini().isEmpty(), 10000);
-            QCOMPARE(g.shot(QStringLiteral("restored%1").arg(cycle)).copy(area), m_board.copy(area));
+            QCOMPARE(g.shot(QStringLiteral("restored-%1").arg(restore)).copy(area), m_board.copy(area));
         }
         g.command(329);
         g.answer("Save on Exit");
         g.answer("Saved");
         QVERIFY(g.game.waitForFinished(10000) && g.game.exitCode() == 0);
+    }
+
+    // A second start ends at once, showing nothing, and brings the running game forward: back from the
+    // small window, and from behind another window the player used last, raised and active.
+    void secondStartBringsGameForward()
+    {
+        QVERIFY(g.start());
+        g.command(55); // the saved puzzle
+        const QImage before = g.shot(QString(), 1500);
+        const auto secondStart = [&] { return QProcess::execute(g.home.filePath("varno"), {}); };
+        const auto active = [] { return xdotool({ "getactivewindow" }); };
+        g.command(301);
+        QTRY_VERIFY_WITH_TIMEOUT(minimised(), 10000);
+        QCOMPARE(secondStart(), 0);
+        QTRY_VERIFY_WITH_TIMEOUT(mini().isEmpty() && active() == g.window, 10000);
+        // Laid out anew on its return, as after every restore, the board stands without its red frame.
+        QCOMPARE(g.shot("forward-minimised").copy(boardArea), before.copy(boardArea));
+        QWidget cover;
+        cover.setGeometry(100, 100, 1080, 820);
+        cover.show();
+        QTRY_COMPARE_WITH_TIMEOUT(active(), QString::number(cover.winId()), 10000);
+        xdotool({ "mousemove", "640", "150", "click", "1" });
+        QVERIFY(g.shot("forward-covered").copy(boardArea) != before.copy(boardArea));
+        QCOMPARE(secondStart(), 0);
+        QTRY_COMPARE_WITH_TIMEOUT(active(), g.window, 10000);
+        QCOMPARE(g.shot("forward-behind").copy(boardArea), before.copy(boardArea));
+    }
+
+    // Closed by the window manager, each window does what its own cancel does: the library window leaves
+    // the picture that was on the board, the size dialog no new size, the exit question answers No.
+    void windowManagerClosesEachWindowAsCancelled()
+    {
+        g.command(27);
+        RealGame::answer("Picture Library", "alt+F4");
+        QTRY_VERIFY_WITH_TIMEOUT(!windowNamed("Picture Library"), 10000);
+        const QImage before = g.shot("closed-library", 1500);
+        QCOMPARE(before.copy(boardArea), m_full.copy(boardArea)); // the whole picture again
+        g.command(164);
+        RealGame::waitFor("Puzzle Size");
+        const QString dialog = xdotool({ "search", "--onlyvisible", "--name", "Puzzle Size" });
+        xdotool({ "mousemove", "--window", dialog, "180", "121", "click", "1" }); // " 11 * 11"
+        xdotool({ "key", "alt+F4" });
+        QTRY_VERIFY_WITH_TIMEOUT(!windowNamed("Puzzle Size"), 10000);
+        QCOMPARE(g.shot("closed-size", 500).copy(area), before.copy(area)); // no 11 x 11 puzzle
+        g.command(192);
+        const QByteArray saved = bytesOf(g.home.filePath("varno.pzl"));
+        g.command(329);
+        RealGame::answer("Save on Exit", "alt+F4");
+        QVERIFY(g.game.waitForFinished(10000) && g.game.exitCode() == 0);
+        QCOMPARE(bytesOf(g.home.filePath("varno.pzl")), saved);
+    }
+
+    // The game window closed by the window manager (Alt+F4, or a pager's Close while the library window
+    // stands over it) or the game stopped by SIGTERM (while the exit question is open) ends the program at
+    // once with exit code 0, without the question and without a save; the lock goes with it.
+    void closeOrStopEndsWithoutSaving()
+    {
+        const QString pzl = g.home.filePath("varno.pzl");
+        const QByteArray saved = bytesOf(pzl);
+        for (const QString how : { "alt+F4", "wmctrl", "SIGTERM" }) {
+            QVERIFY(g.start());
+            g.command(55); // a puzzle in play, so that "Exit Game" would ask (input waits for the load)
+            if (how == "alt+F4") {
+                xdotool({ "windowactivate", "--sync", g.window });
+                xdotool({ "key", how });
+            } else if (how == "wmctrl") {
+                g.command(27);
+                RealGame::waitFor("Picture Library");
+                QProcess::execute("wmctrl", { "-i", "-c", g.window });
+            } else {
+                g.command(329);
+                RealGame::waitFor("Save on Exit");
+                g.game.terminate();
+            }
+            QVERIFY2(g.game.waitForFinished(10000), qPrintable(how));
+            QVERIFY2(g.game.exitStatus() == QProcess::NormalExit && g.game.exitCode() == 0, qPrintable(how));
+            QCOMPARE(bytesOf(pzl), saved);
+        }
+        QVERIFY(g.start()); // the next start is the game, not a second start
     }
 };
 QTEST_MAIN(RealHelpTest)

@@ -71,26 +71,6 @@ private slots:
         }
     }
 
-    // Confirming the same size, Cancel and the close box change nothing: no layout, no new puzzle; the
-    // next opening selects the current size, not one picked before a Cancel.
-    void unchangedSizeTouchesNothing()
-    {
-        Game g;
-        QVERIFY(g.play(Codes::Drag, 6));
-        park(g.w, 0); // a layout pass would empty its box
-        const std::vector<TileRec> board = g.s().Board;
-        const QImage box = g.w.vxpcs[0]->image();
-        for (const auto &script : QList<std::function<void(rzfrm &)>> {
-                 [](rzfrm &d) { d.cb_ok->click(); },
-                 [](rzfrm &d) { d.szopt[7]->click(), d.cb_cancel->click(); },
-                 [](rzfrm &d) { d.szopt[1]->click(), d.close(); },
-                 [](rzfrm &d) { QVERIFY(d.szopt[4]->isChecked() && !d.szopt[7]->isChecked()); },
-             }) {
-            resizeWith(g, script);
-            QVERIFY(g.s().GridN == 6 && g.s().Board == board && g.s().InPlay && g.w.vxpcs[0]->image() == box);
-        }
-    }
-
     // A new size lays the board out again and, with a picture, starts a new puzzle at once (without one,
     // play is as it was); the next opening selects it. After a drag, every tray box of a larger size
     // takes presses.

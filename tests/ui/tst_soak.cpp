@@ -80,11 +80,10 @@ QString unsound(vxmain &w)
 }
 
 // A program folder with pictures of several sizes and proportions beside the program and one in its
-// library, and the game window over it, which a restart makes anew.
+// library, and the game over it, which a restart makes anew.
 struct Player {
     QTemporaryDir dir;
-    TestPlatform tp;
-    std::unique_ptr<vxmain> w;
+    std::unique_ptr<Game> g;
     QStringList pictures;
     QRandomGenerator rng;
     QByteArray lastSave;
@@ -92,113 +91,112 @@ struct Player {
     explicit Player(quint32 seed)
         : rng(seed)
     {
-        const struct {
-            const char *name;
-            QSize size;
-        } files[] = { { "photo.jpg", { 1024, 768 } }, { "tall.bmp", { 600, 800 } },
-            { "wide.gif", { 1000, 300 } }, { "small.jpg", { 130, 81 } }, { "Bild ü 狐.bmp", { 300, 300 } },
-            { "lib/VX_lib.jpg", { 800, 600 } } };
-        QDir(dir.path()).mkpath(QStringLiteral("lib"));
-        for (const auto &f : files) {
-            const QString path = dir.filePath(QString::fromUtf8(f.name));
-            const QByteArray bytes
-                = encode(picturegen::scene(f.size, seed), qPrintable(QFileInfo(path).suffix()));
-            QFile out(path);
-            if (bytes.isEmpty() || !out.open(QIODevice::WriteOnly) || out.write(bytes) != bytes.size())
-                qFatal("cannot write %s", qPrintable(path));
-            pictures << path;
-        }
-        pictures.removeLast();
         restart();
+        const std::pair<const char *, QSize> files[] = { { "photo.jpg", { 1024, 768 } },
+            { "tall.bmp", { 600, 800 } }, { "wide.gif", { 1040, 348 } }, { "small.jpg", { 130, 81 } },
+            { "Bild ü 狐.bmp", { 300, 300 } }, { "lib/VX_lib.jpg", { 800, 600 } } };
+        for (const auto &[name, size] : files)
+            pictures << g->picture(QString::fromUtf8(name), picturegen::scene(size, seed));
+        pictures.removeLast();
     }
     void restart()
     {
-        w.reset();
-        w = std::make_unique<vxmain>(tp.platform(), dir.path());
-        w->setRandomSeed(rng.generate());
-        w->show();
+        g.reset();
+        g = std::make_unique<Game>(dir.path());
+        g->w.setRandomSeed(rng.generate());
     }
-    const PuzzleState &s() const
+    PuzzleState &s() const
     {
-        return w->state();
+        return g->s();
     }
 
     // One command as a player gives it; returns what went wrong, or an empty string.
     QString step(int command)
     {
-        vxmain &g = *w;
+        vxmain &w = g->w;
+        TestPlatform &tp = g->tp;
         const bool playing = s().InPlay && !s().HintMode;
         switch (command) {
         case 0:
             tp.files.choose(pictures[rng.bounded(pictures.size())]);
-            g.cb_new_Click();
+            w.cb_new_Click();
             break;
         case 1: // the library's picture, or Cancel
             tp.modals.script = [pick = rng.bounded(3) > 0](QDialog &d) {
                 pick ? static_cast<libfrm &>(d).libimg_DblClick(0)
                      : static_cast<libfrm &>(d).cb_cancel->click();
             };
-            g.cb_lib_Click();
+            w.cb_lib_Click();
             break;
-        case 2: // a size, confirmed or cancelled; 2 x 2 often, which play solves now and then
-            tp.modals.script
-                = [n = rng.bounded(3) ? rng.bounded(10) : 0, ok = rng.bounded(4) > 0](QDialog &d) {
-                      auto &r = static_cast<rzfrm &>(d);
-                      r.szopt[n]->click();
-                      (ok ? r.cb_ok : r.cb_cancel)->click();
-                  };
-            g.cb_resize_Click();
+        case 2: { // a size (2 x 2 often, which play solves now and then), confirmed, cancelled or closed;
+            // the dialog opens on the current size, and only a new size confirmed changes anything
+            const int n = rng.bounded(3) ? rng.bounded(10) + 2 : 2, how = rng.bounded(6);
+            const PuzzleState before = s();
+            bool current = before.HintMode;
+            tp.modals.script = [&](QDialog &d) {
+                auto &r = static_cast<rzfrm &>(d);
+                current = r.szopt[before.GridN - 2]->isChecked();
+                r.szopt[n - 2]->click();
+                how == 0 ? (void)r.close() : (how == 1 ? r.cb_cancel : r.cb_ok)->click();
+            };
+            w.cb_resize_Click();
+            const bool same = before.HintMode || how < 2 || n == before.GridN;
+            if (!current
+                || (same ? puzzlefile::encode(s()) != puzzlefile::encode(before)
+                         : s().InPlay == s().PicFile.isEmpty()))
+                return QStringLiteral("the size dialog did other than it was told");
             break;
+        }
         case 3:
             tp.messages.answers = { rng.bounded(2) ? MsgAnswer::Yes : MsgAnswer::No };
-            g.cb_type_Click();
+            w.cb_type_Click();
             break;
         case 4:
-            g.cb_grid_Click();
+            w.cb_grid_Click();
             break;
         case 5:
-            g.cb_scramble_Click();
+            w.cb_scramble_Click();
             break;
         case 6:
         case 7: { // the full image (only in play) or the help, with no tray box; a click on it comes back
-            PictureBox *view = command == 6 ? g.vxrz_s : g.hlpdoc;
-            command == 6 ? g.cb_full_Click() : g.cb_helpdoc_Click();
-            if (view->isVisible() != (command == 7 || playing) || (view->isVisible() && !trayShown(g, 0)))
+            PictureBox *view = command == 6 ? w.vxrz_s : w.hlpdoc;
+            command == 6 ? w.cb_full_Click() : w.cb_helpdoc_Click();
+            if (view->isVisible() != (command == 7 || playing) || (view->isVisible() && !trayShown(w, 0)))
                 return QStringLiteral("a view shows where it may not");
             QTest::mouseClick(view, Qt::LeftButton);
             break;
         }
         case 8: { // the hint armed (only in play), then a press on the board shows a home or disarms it
             const bool armed = s().HintMode;
-            g.cb_help_Click();
+            w.cb_help_Click();
             if (s().HintMode != (s().InPlay && !armed))
                 return QStringLiteral("the hint is armed where it may not be");
-            g.vxrz_MouseDown(Qt::LeftButton, {}, rng.bounded(g.vxrz->width()), rng.bounded(g.vxrz->height()));
+            w.vxrz_MouseDown(Qt::LeftButton, {}, rng.bounded(w.vxrz->width()), rng.bounded(w.vxrz->height()));
             break;
         }
         case 9:
-            g.cb_load_Click();
+            w.cb_load_Click();
             break;
         case 10:
             return saveAndLoad();
         case 11: // a new start of the game finds the last save
             restart();
-            w->cb_load_Click();
+            g->w.cb_load_Click();
             if (!lastSave.isEmpty() && puzzlefile::encode(s()) != lastSave)
                 return QStringLiteral("the load after a restart differs from the save");
             break;
         default:
             for (int k = rng.bounded(40); playing && s().InPlay && k > 0; --k)
-                if (!randomMove(g, rng))
+                if (!randomMove(w, rng))
                     return QStringLiteral("a press away from the blank slid a tile");
             // Solved: the whole picture framed, and no press is taken. (After a new size the board can
             // stand a pixel wider or narrower than the picture.)
             if (playing && !s().InPlay) {
                 const auto board = s().Board;
-                const QRect both = g.vxrz->rect() & g.vxrz_s->rect();
-                g.vxrz_MouseDown(Qt::LeftButton, {}, 5, 5);
-                if (s().InPlace != s().TileTotal || g.vxrz->image().copy(both) != g.vxrz_s->image().copy(both)
-                    || !framed(g) || s().Board != board)
+                const QRect both = w.vxrz->rect() & w.vxrz_s->rect();
+                w.vxrz_MouseDown(Qt::LeftButton, {}, 5, 5);
+                if (s().InPlace != s().TileTotal || w.vxrz->image().copy(both) != w.vxrz_s->image().copy(both)
+                    || !framed(w) || s().Board != board)
                     return QStringLiteral("the solved puzzle is not shown whole");
             }
         }
@@ -211,12 +209,12 @@ struct Player {
     {
         if (!s().allows(Command::SaveGame))
             return {};
-        w->cb_save_Click();
+        g->w.cb_save_Click();
         lastSave = bytesOf(s().PzlFile);
-        w->cb_load_Click();
+        g->w.cb_load_Click();
         if (puzzlefile::encode(s()) != lastSave || !s().InPlay)
             return QStringLiteral("the load gives another puzzle than the save");
-        w->cb_save_Click();
+        g->w.cb_save_Click();
         return bytesOf(s().PzlFile) == lastSave ? QString() : QStringLiteral("the second save differs");
     }
 };
@@ -239,11 +237,11 @@ private slots:
                 const int command = p.rng.bounded(18);
                 trail = (trail + QLatin1Char(' ') + QString::number(command)).right(80);
                 const bool playing = p.s().InPlay;
-                p.tp.messages.answers.clear();
-                p.tp.messages.asked.clear();
+                p.g->tp.messages.answers.clear();
+                p.g->tp.messages.asked.clear();
                 QString fault = p.step(command);
-                fault = fault.isEmpty() ? unsound(*p.w) : fault;
-                for (const AskedBox &b : std::as_const(p.tp.messages.asked))
+                fault = fault.isEmpty() ? unsound(p.g->w) : fault;
+                for (const AskedBox &b : std::as_const(p.g->tp.messages.asked))
                     fault = fault.isEmpty() && b.style == MsgStyle::Critical ? b.text : fault;
                 QVERIFY2(fault.isEmpty(),
                     qPrintable(QStringLiteral("game %1, step %2, commands %3: %4")
