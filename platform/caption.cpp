@@ -1,23 +1,11 @@
 // Emptying the X11 window name properties that Qt fills with the application's name, and placing
 // secondary windows.
 #include "platform/caption.h"
+#include "platform/x11atom.h"
 
 #include <QGuiApplication>
 #include <QScreen>
 #include <QWidget>
-#include <xcb/xcb.h>
-
-namespace
-{
-xcb_atom_t atom(xcb_connection_t *c, const char *name)
-{
-    xcb_intern_atom_reply_t *reply
-        = xcb_intern_atom_reply(c, xcb_intern_atom(c, false, uint16_t(strlen(name)), name), nullptr);
-    const xcb_atom_t a = reply ? reply->atom : xcb_atom_t(XCB_ATOM_NONE);
-    free(reply);
-    return a;
-}
-} // namespace
 
 void clearNativeCaption(QWidget *window)
 {
@@ -28,8 +16,8 @@ void clearNativeCaption(QWidget *window)
     xcb_connection_t *c = x11->connection();
     const auto id = xcb_window_t(window->winId());
     xcb_change_property(c, XCB_PROP_MODE_REPLACE, id, XCB_ATOM_WM_NAME, XCB_ATOM_STRING, 8, 0, nullptr);
-    xcb_change_property(
-        c, XCB_PROP_MODE_REPLACE, id, atom(c, "_NET_WM_NAME"), atom(c, "UTF8_STRING"), 8, 0, nullptr);
+    xcb_change_property(c, XCB_PROP_MODE_REPLACE, id, internAtom(c, "_NET_WM_NAME"),
+        internAtom(c, "UTF8_STRING"), 8, 0, nullptr);
     xcb_flush(c);
 }
 

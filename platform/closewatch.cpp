@@ -1,23 +1,11 @@
 // On X11 the window manager asks a window to close with a WM_DELETE_WINDOW client message; only the xcb
 // platform has one to watch (elsewhere the window's own close event is all there is).
 #include "platform/closewatch.h"
+#include "platform/x11atom.h"
 
 #include <QCoreApplication>
 #include <QGuiApplication>
 #include <QWidget>
-#include <xcb/xcb.h>
-
-namespace
-{
-xcb_atom_t atom(xcb_connection_t *c, const char *name)
-{
-    xcb_intern_atom_reply_t *reply
-        = xcb_intern_atom_reply(c, xcb_intern_atom(c, false, uint16_t(strlen(name)), name), nullptr);
-    const xcb_atom_t a = reply ? reply->atom : xcb_atom_t(XCB_ATOM_NONE);
-    free(reply);
-    return a;
-}
-} // namespace
 
 CloseWatch::CloseWatch(QWidget *window, std::function<void()> onClose)
     : m_window(window)
@@ -26,8 +14,8 @@ CloseWatch::CloseWatch(QWidget *window, std::function<void()> onClose)
     auto *x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
     if (QGuiApplication::platformName() != QLatin1String("xcb") || !x11 || !x11->connection())
         return;
-    m_protocols = atom(x11->connection(), "WM_PROTOCOLS");
-    m_delete = atom(x11->connection(), "WM_DELETE_WINDOW");
+    m_protocols = internAtom(x11->connection(), "WM_PROTOCOLS");
+    m_delete = internAtom(x11->connection(), "WM_DELETE_WINDOW");
     QCoreApplication::instance()->installNativeEventFilter(this);
 }
 
