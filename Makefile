@@ -3,7 +3,7 @@
 BUILD ?= build
 JOBS ?= $(shell nproc)
 
-.PHONY: all deps build run test soak bench format format-check clean fuzz install package
+.PHONY: all deps build run test soak bench format format-check clean fuzz install package translations
 
 all: build
 
@@ -55,6 +55,11 @@ test: build $(SAN_BUILD)/CMakeCache.txt format-check
 soak: test
 	QT_QPA_PLATFORM=offscreen VARNO_SOAK=1 QTEST_FUNCTION_TIMEOUT=3600000 $(BUILD)/bin/tst_soak
 	cd $(BUILD) && VARNO_GAME=$(CURDIR)/$(SAN_BUILD)/bin/varno $(SAN_ENV) ctest --output-on-failure -R tst_real
+
+# Brings resources/translations/*.ts in step with the game's texts: new texts come in unfinished, texts gone
+# are dropped. `make test` fails until every language has its translation of every text.
+translations: deps $(BUILD)/CMakeCache.txt
+	cmake --build $(BUILD) --target translations
 
 # Only the benchmark and the programs it starts are built: the tests are not measured.
 bench: deps $(BUILD)/CMakeCache.txt

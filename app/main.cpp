@@ -1,6 +1,7 @@
 // The program: one instance per user, the main window, the event loop.
 #include "app/programfolder.h"
 #include "app/vxmain.h"
+#include "platform/language.h"
 #include "platform/qtservices.h"
 #include "platform/singleinstance.h"
 #include "platform/stopsignals.h"
@@ -22,6 +23,7 @@ int main(int argc, char *argv[])
         return 0;
     }
     StopSignals stops;
+    language::installFromEnvironment();
     QApplication::setQuitOnLastWindowClosed(false);
     const QString exeFolder = QApplication::applicationDirPath();
     const QString folder

@@ -35,19 +35,19 @@ struct ButtonDesign {
 };
 
 const ButtonDesign Buttons[] = {
-    { &vxmain::cb_new, "cb_new", "Open Image", 0 },
-    { &vxmain::cb_lib, "cb_lib", "Image Library", 411 },
-    { &vxmain::cb_load, "cb_load", "Open Saved Game", 822 },
-    { &vxmain::cb_save, "cb_save", "Save Current Game", 1233 },
-    { &vxmain::cb_type, "cb_type_s", "Change Game Type", 1644 },
-    { &vxmain::cb_grid, "cb_grid_w", "Set Grid Color", 2055 },
-    { &vxmain::cb_resize, "cb_resize", "Set Number of Tiles", 2466 },
-    { &vxmain::cb_scramble, "cb_scramble", "Scramble Tyles", 2877 },
-    { &vxmain::cb_full, "cb_full", "Display Full Image", 3288 },
-    { &vxmain::cb_help, "cb_help", "Find Tile Position", 3699 },
-    { &vxmain::cb_helpdoc, "cb_helpdoc", "View Help", 4110 },
-    { &vxmain::cb_min, "cb_min", "Minimize Game", 4521 },
-    { &vxmain::cb_exit, "cb_exit", "Exit Game", 4935 },
+    { &vxmain::cb_new, "cb_new", QT_TRANSLATE_NOOP("vxmain", "Open Image"), 0 },
+    { &vxmain::cb_lib, "cb_lib", QT_TRANSLATE_NOOP("vxmain", "Image Library"), 411 },
+    { &vxmain::cb_load, "cb_load", QT_TRANSLATE_NOOP("vxmain", "Open Saved Game"), 822 },
+    { &vxmain::cb_save, "cb_save", QT_TRANSLATE_NOOP("vxmain", "Save Current Game"), 1233 },
+    { &vxmain::cb_type, "cb_type_s", QT_TRANSLATE_NOOP("vxmain", "Change Game Type"), 1644 },
+    { &vxmain::cb_grid, "cb_grid_w", QT_TRANSLATE_NOOP("vxmain", "Set Grid Color"), 2055 },
+    { &vxmain::cb_resize, "cb_resize", QT_TRANSLATE_NOOP("vxmain", "Set Number of Tiles"), 2466 },
+    { &vxmain::cb_scramble, "cb_scramble", QT_TRANSLATE_NOOP("vxmain", "Scramble Tyles"), 2877 },
+    { &vxmain::cb_full, "cb_full", QT_TRANSLATE_NOOP("vxmain", "Display Full Image"), 3288 },
+    { &vxmain::cb_help, "cb_help", QT_TRANSLATE_NOOP("vxmain", "Find Tile Position"), 3699 },
+    { &vxmain::cb_helpdoc, "cb_helpdoc", QT_TRANSLATE_NOOP("vxmain", "View Help"), 4110 },
+    { &vxmain::cb_min, "cb_min", QT_TRANSLATE_NOOP("vxmain", "Minimize Game"), 4521 },
+    { &vxmain::cb_exit, "cb_exit", QT_TRANSLATE_NOOP("vxmain", "Exit Game"), 4935 },
 };
 } // namespace
 
@@ -115,14 +115,13 @@ void vxmain::buildControls()
     hlpfr_pcs = new ShapeBox(c, Qt::transparent, Red, 2, false);
     hlpfr_pcs->hide();
     buildCommandBar();
-    lblmsg = new TextLabel(c, QStringLiteral("Click Image Continue To Game"), QColor(0, 255, 255),
-        QColor(128, 128, 128), Qt::AlignCenter);
+    lblmsg = new TextLabel(
+        c, tr("Click Image Continue To Game"), QColor(0, 255, 255), QColor(128, 128, 128), Qt::AlignCenter);
     lblmsg->resize(fr_cmd->width() + 2, fr_cmd->height() + 2);
     lblmsg->hide();
     imglogo = new SvgImage(c, QStringLiteral(":/logo.svg"));
     imglogo->resize(132, 24);
-    lbllogo = new TextLabel(
-        c, QStringLiteral("Picture Tile Puzzle"), QColor(242, 239, 232), Qt::black, Qt::AlignCenter);
+    lbllogo = new TextLabel(c, tr("Picture Tile Puzzle"), QColor(242, 239, 232), Qt::black, Qt::AlignCenter);
     lbllogo->resize(132, 24);
     // The drag image floats above everything else while a piece is carried.
     vxdrag = new PictureBox(c, BoardBack);
@@ -142,8 +141,7 @@ void vxmain::buildCommandBar()
     fr_cmd = new QWidget(m_client);
     fr_cmd->resize(353, 24);
     for (const ButtonDesign &d : Buttons) {
-        auto *b
-            = new FaceButton(fr_cmd, faceResource(QString::fromLatin1(d.face)), QString::fromLatin1(d.tip));
+        auto *b = new FaceButton(fr_cmd, faceResource(QString::fromLatin1(d.face)), tr(d.tip));
         // Design positions are in twips: 15 to a pixel, placed on whole pixels.
         b->setGeometry(int(vb::roundHalfEven(d.leftTwips / 15.0)), 1, 22, 22);
         this->*(d.member) = b;
@@ -200,7 +198,7 @@ void vxmain::Form_Load()
     vxrz->clearPicture();
     fr_cmd->move(fr_cmd->x(), 0);
     hlpdoc->printLine(QString(), QColor(0, 0, 255));
-    hlpdoc->printLine(QStringLiteral("Click Here To Close Help"), QColor(0, 0, 255));
+    hlpdoc->printLine(tr("Click Here To Close Help"), QColor(0, 0, 255));
 }
 
 void vxmain::hideFrameBars()

@@ -1,10 +1,12 @@
-// Draws the help picture from resources/help/help.txt. The source marks a heading with a leading '#',
-// each level of indent with a leading '>', a button with [name] (a command face, "delete" for the delete
-// symbol, "cb_add" for the library window's add button) and a bold run with <b>..</b>.
+// Draws the help picture from resources/help/help.txt, or its translation in the player's language. The
+// source marks a heading with a leading '#', each level of indent with a leading '>', a button with [name]
+// (a command face, "delete" for the delete symbol, "cb_add" for the library window's add button) and a
+// bold run with <b>..</b>.
 #include "help/helppicture.h"
 
 #include "app/vxmain.h"
 #include "pictures/libfrm.h"
+#include "platform/language.h"
 
 #include <QFile>
 #include <QFontMetrics>
@@ -128,17 +130,17 @@ int lineWidth(
 }
 } // namespace
 
-void drawHelpPicture(QImage &img, int stripHeight)
+int drawHelpPicture(QImage &img, int stripHeight)
 {
     // Measured in the picture's own pixels, whatever the density of the image that holds it.
     const QSize size = img.deviceIndependentSize().toSize();
     img.fill(Qt::white);
-    QFile source(QStringLiteral(":/help/help.txt"));
+    QFile source(language::localised(QStringLiteral(":/help/help.txt")));
     if (!source.open(QIODevice::ReadOnly))
-        return;
+        return 0;
     const QList<Line> lines = parseHelp(QString::fromUtf8(source.readAll()));
     if (lines.isEmpty())
-        return;
+        return 0;
     QPainter p(&img);
     p.setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing | QPainter::SmoothPixmapTransform);
 
@@ -188,4 +190,5 @@ void drawHelpPicture(QImage &img, int stripHeight)
         }
         y += L;
     }
+    return pixels;
 }

@@ -6,4 +6,5 @@
 
 // Draws the help picture over a whole image on a white ground: a logo strip of stripHeight pixels at the
 // top, then one free line of that height for the closing line printed onto it, then the help text.
-void drawHelpPicture(QImage &img, int stripHeight);
+// Returns the text's pixel size: the largest up to 12 with which every line fits the width.
+int drawHelpPicture(QImage &img, int stripHeight);

@@ -99,7 +99,7 @@ void vxmain::cb_min_Click()
     }
     auto *mini = new MiniWindow([this] { vxmin_Resize(); });
     vxmin = mini;
-    vxmin->setWindowTitle(QStringLiteral("Varno"));
+    vxmin->setWindowTitle(tr("Varno"));
     // 1560 x 210 twips.
     vxmin->resize(104, 14);
     vxmin->setWindowIcon(windowIcon());

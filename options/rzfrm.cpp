@@ -37,7 +37,7 @@ rzfrm::rzfrm(Integer &GridN, QWidget *parent)
         Qt::Dialog | Qt::MSWindowsFixedSizeDialogHint | Qt::WindowTitleHint | Qt::WindowCloseButtonHint)
     , m_gridN(GridN)
 {
-    setWindowTitle(QStringLiteral("Puzzle Size"));
+    setWindowTitle(tr("Puzzle Size"));
     setFixedSize(px(4680), px(3180));
     setAutoFillBackground(true);
     QPalette pal = palette();
@@ -51,11 +51,11 @@ rzfrm::rzfrm(Integer &GridN, QWidget *parent)
         group->addButton(szopt[i], i);
     }
     connect(group, &QButtonGroup::idClicked, this, &rzfrm::szopt_Click);
-    cb_ok = new QPushButton(QIcon(QStringLiteral(":/faces/ok.svg")), QStringLiteral("&Resize"), this);
+    cb_ok = new QPushButton(QIcon(QStringLiteral(":/faces/ok.svg")), tr("&Resize"), this);
     cb_ok->setGeometry(px(2505), px(2265), px(1950), px(645));
     cb_ok->setIconSize(QSize(24, 24));
     cb_ok->setDefault(true);
-    cb_cancel = new QPushButton(QIcon(QStringLiteral(":/faces/cancel.svg")), QStringLiteral("&Cancel"), this);
+    cb_cancel = new QPushButton(QIcon(QStringLiteral(":/faces/cancel.svg")), tr("&Cancel"), this);
     cb_cancel->setGeometry(px(210), px(2280), px(1950), px(645));
     cb_cancel->setIconSize(QSize(24, 24));
     connect(cb_ok, &QPushButton::clicked, this, &rzfrm::cb_ok_Click);

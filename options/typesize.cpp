@@ -10,9 +10,9 @@ void vxmain::cb_type_Click()
     if (!s.allows(Command::Type))
         return;
     if (s.InPlay
-        && m_platform.messages.show(QStringLiteral("Changing the Puzzle Type will Clear the Current Puzzle\n"
-                                                   "Do You Wish to Change Type"),
-               QStringLiteral("Change Puzzle Type"), MsgStyle::YesNoQuestion)
+        && m_platform.messages.show(tr("Changing the Puzzle Type will Clear the Current Puzzle\n"
+                                       "Do You Wish to Change Type"),
+               tr("Change Puzzle Type"), MsgStyle::YesNoQuestion)
             == MsgAnswer::No)
         return;
     if (cb_type->Tag == Codes::Drag) {

@@ -53,7 +53,7 @@ void paintGrey(QWidget *window)
 // "&Add Image" at its design size; the window places it.
 QPushButton *newAddButton(QWidget *window)
 {
-    auto *button = new QPushButton(QStringLiteral("&Add Image"), window);
+    auto *button = new QPushButton(libfrm::tr("&Add Image"), window);
     button->resize(px(2280), px(645));
     return button;
 }
@@ -88,7 +88,7 @@ libfrm::libfrm(const LibraryHost &host, QWidget *parent)
     , m_host(host)
     , m_ratio(std::max(int(std::ceil(devicePixelRatioF())), 1))
 {
-    setWindowTitle(QStringLiteral("Picture Library"));
+    setWindowTitle(tr("Picture Library"));
     setFixedSize(px(6795), px(5205));
     // Over the game, which stands in the middle of the screen.
     centreOnScreen(this, parent);
@@ -121,7 +121,7 @@ libfrm::libfrm(const LibraryHost &host, QWidget *parent)
     });
     cb_del = new SvgImage(this, QStringLiteral(":/delete.svg"));
     cb_del->setGeometry(px(570), px(4425), px(360), px(360));
-    cb_cancel = new QPushButton(QStringLiteral("&Cancel"), this);
+    cb_cancel = new QPushButton(tr("&Cancel"), this);
     cb_cancel->setGeometry(px(1440), px(4320), px(2265), px(645));
     cb_add = newAddButton(this);
     cb_add->move(px(4050), px(4320));
@@ -215,7 +215,7 @@ void libfrm::libimg_DblClick(int Index)
     if (problem.isEmpty())
         problem = img->Problem;
     if (!problem.isEmpty()) {
-        m_host.platform.messages.show(problem, QStringLiteral("Open - ERROR"), MsgStyle::Critical);
+        m_host.platform.messages.show(problem, tr("Open - ERROR"), MsgStyle::Critical);
         return;
     }
     m_host.state.PicFile = img->Tag;
@@ -247,8 +247,8 @@ void libfrm::cb_del_DragDrop()
     if (LibDragIdx < 0 || libimg[LibDragIdx]->Tag.isEmpty())
         return;
     const QString path = libimg[LibDragIdx]->Tag;
-    if (m_host.platform.messages.show(QStringLiteral("Delete '") + path + QLatin1Char('\''),
-            QStringLiteral("Delete Image"), MsgStyle::YesNoQuestion)
+    if (m_host.platform.messages.show(
+            tr("Delete '%1'").arg(path), tr("Delete Image"), MsgStyle::YesNoQuestion)
         != MsgAnswer::Yes)
         return;
     // A failed deletion is not reported: the thumbnails show the folder as it then is.

@@ -10,7 +10,6 @@
 
 namespace
 {
-const QString Filter = QStringLiteral("Graphic Files(*.jpg;*.gif;*.bmp)|*.jpg;*.gif;*.bmp");
 constexpr int Flags = OpenFlags::HideReadOnly | OpenFlags::ExtensionDifferent | OpenFlags::PathMustExist
     | OpenFlags::FileMustExist;
 } // namespace
@@ -21,7 +20,8 @@ void vxmain::PickImageFile()
     s.OpenFile.clear();
     // A run that ends while a refusal is shown offers no new dialog.
     while (!m_ending) {
-        const std::optional<FileChoice> choice = m_platform.files.open(Filter, Flags);
+        const std::optional<FileChoice> choice = m_platform.files.open(
+            tr("Graphic Files(*.jpg;*.gif;*.bmp)") + QStringLiteral("|*.jpg;*.gif;*.bmp"), Flags);
         if (!choice)
             return;
         if (acceptPicture(*choice))
@@ -34,14 +34,14 @@ bool vxmain::acceptPicture(const FileChoice &choice)
     PuzzleState &s = m_state;
     // Pictures already in the library are picked from the library window instead.
     if (choice.fileName.left(s.LibPath.length()) == s.LibPath) {
-        m_platform.messages.show(QStringLiteral("This Picture is Already in the Library"),
-            QStringLiteral("Open"), MsgStyle::Information);
+        m_platform.messages.show(
+            tr("This Picture is Already in the Library"), tr("Open"), MsgStyle::Information);
         return false;
     }
     const QString ext = choice.fileTitle.right(4);
     if (ext != QLatin1String(".bmp") && ext != QLatin1String(".gif") && ext != QLatin1String(".jpg")) {
-        m_platform.messages.show(QStringLiteral("File Extension Must Be jpg, gif, or bmp"),
-            QStringLiteral("Open - ERROR"), MsgStyle::OkOnly);
+        m_platform.messages.show(
+            tr("File Extension Must Be jpg, gif, or bmp"), tr("Open - ERROR"), MsgStyle::OkOnly);
         return false;
     }
     s.OpenFile = choice.fileName;

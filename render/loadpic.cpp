@@ -13,7 +13,6 @@
 
 namespace
 {
-const QString OpenError = QStringLiteral("Open - ERROR");
 
 // Replaces a file only once the new one is whole, so a failed write loses nothing.
 bool writeWhole(const QString &target, const std::function<bool(QIODevice &)> &write)
@@ -39,7 +38,7 @@ bool vxmain::LoadPic(const QString &mode)
     if (error.isEmpty()) {
         box = fitting::boxPixels(fitting::fitToBoard(header.size));
         if (box.width() < s.GridN || box.height() < s.GridN)
-            error = QStringLiteral("The picture %1 is too narrow or too flat for a board of %2 x %2 tiles.")
+            error = tr("The picture %1 is too narrow or too flat for a board of %2 x %2 tiles.")
                         .arg(QFileInfo(s.PicFile).fileName())
                         .arg(s.GridN);
     }
@@ -49,7 +48,7 @@ bool vxmain::LoadPic(const QString &mode)
             = picturefile::decodeScaled(s.PicFile, fitting::boardFor(box, s.GridN) * m_fineRatio, &error);
     if (!error.isEmpty()) {
         m_platform.pointers.set(PointerShape::Default);
-        m_platform.messages.show(error, OpenError, MsgStyle::Critical);
+        m_platform.messages.show(error, tr("Open - ERROR"), MsgStyle::Critical);
         return false;
     }
 
@@ -76,7 +75,7 @@ bool vxmain::storeInLibrary()
     const picturefile::Header header = picturefile::probe(s.OpenFile);
     if (!header.error.isEmpty()) {
         m_platform.pointers.set(PointerShape::Default);
-        m_platform.messages.show(header.error, OpenError, MsgStyle::Critical);
+        m_platform.messages.show(header.error, tr("Open - ERROR"), MsgStyle::Critical);
         return false;
     }
     const QString target = s.LibPath + QLatin1Char('/') + library::storedName(s.OpenTitle);

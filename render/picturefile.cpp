@@ -2,6 +2,7 @@
 // JPEG decoding (libjpeg's DCT scaling) and checks for truncated JPEG and BMP data.
 #include "render/picturefile.h"
 
+#include <QCoreApplication>
 #include <QFile>
 #include <QFileInfo>
 #include <QImageReader>
@@ -12,6 +13,10 @@ namespace picturefile
 {
 namespace
 {
+    // The texts a player may be shown, translated in the context "picturefile".
+    struct Texts {
+        Q_DECLARE_TR_FUNCTIONS(picturefile)
+    };
 
     bool swapsSides(QImageIOHandler::Transformations t)
     {
@@ -178,13 +183,13 @@ namespace
         const QString name = QFileInfo(path).fileName();
         switch (reader.error()) {
         case QImageReader::FileNotFoundError:
-            return QStringLiteral("The picture file %1 cannot be found.").arg(name);
+            return Texts::tr("The picture file %1 cannot be found.").arg(name);
         case QImageReader::DeviceError:
-            return QStringLiteral("The picture file %1 cannot be read.").arg(name);
+            return Texts::tr("The picture file %1 cannot be read.").arg(name);
         case QImageReader::UnsupportedFormatError:
-            return QStringLiteral("The file %1 is not a picture that can be read.").arg(name);
+            return Texts::tr("The file %1 is not a picture that can be read.").arg(name);
         default:
-            return QStringLiteral("The picture file %1 is damaged and cannot be read.").arg(name);
+            return Texts::tr("The picture file %1 is damaged and cannot be read.").arg(name);
         }
     }
 
@@ -220,11 +225,11 @@ Header probe(const QString &path)
     const QFileInfo info(path);
     const QString name = info.fileName();
     if (info.isDir())
-        return { {}, QStringLiteral("%1 is a folder, not a picture file.").arg(path) };
+        return { {}, Texts::tr("%1 is a folder, not a picture file.").arg(path) };
     if (!info.exists() || !info.isFile())
-        return { {}, QStringLiteral("The picture file %1 cannot be found.").arg(path) };
+        return { {}, Texts::tr("The picture file %1 cannot be found.").arg(path) };
     if (info.size() == 0)
-        return { {}, QStringLiteral("The picture file %1 is empty.").arg(name) };
+        return { {}, Texts::tr("The picture file %1 is empty.").arg(name) };
     QImageReader reader(path);
     prepare(reader);
     if (!reader.canRead())
@@ -233,21 +238,21 @@ Header probe(const QString &path)
     if (reader.format() == "bmp") // Qt gives a top-down BMP (rows stored from the top) a negative height
         size.setHeight(qAbs(size.height()));
     if (!size.isValid() || size.isEmpty())
-        return { {}, QStringLiteral("The picture file %1 is damaged and cannot be read.").arg(name) };
+        return { {}, Texts::tr("The picture file %1 is damaged and cannot be read.").arg(name) };
     if (qint64(size.width()) * size.height() > MaxPixels)
         return { {},
-            QStringLiteral("The picture %1 is too large (%2 x %3 pixels); pictures of up to 100 million "
-                           "pixels can be opened.")
+            Texts::tr("The picture %1 is too large (%2 x %3 pixels); pictures of up to 100 million "
+                      "pixels can be opened.")
                 .arg(name)
                 .arg(size.width())
                 .arg(size.height()) };
     if (reader.format() == "jpeg" && !jpegIsComplete(path))
-        return { {}, QStringLiteral("The picture file %1 is incomplete and cannot be read.").arg(name) };
+        return { {}, Texts::tr("The picture file %1 is incomplete and cannot be read.").arg(name) };
     if (reader.format() == "gif" && !gifIsComplete(path))
         return { {},
-            QStringLiteral("The picture file %1 is damaged or incomplete and cannot be read.").arg(name) };
+            Texts::tr("The picture file %1 is damaged or incomplete and cannot be read.").arg(name) };
     if (reader.format() == "bmp" && !bmpIsComplete(path))
-        return { {}, QStringLiteral("The picture file %1 is incomplete and cannot be read.").arg(name) };
+        return { {}, Texts::tr("The picture file %1 is incomplete and cannot be read.").arg(name) };
     if (swapsSides(reader.transformation()))
         size.transpose();
     return { size, {} };

@@ -3,6 +3,7 @@
 #include "store/puzzlefile.h"
 #include "play/fitting.h"
 
+#include <QCoreApplication>
 #include <QFile>
 #include <QRect>
 #include <QSaveFile>
@@ -13,6 +14,11 @@ namespace puzzlefile
 {
 namespace
 {
+    // The texts a player may be shown, translated in the context "puzzlefile".
+    struct Texts {
+        Q_DECLARE_TR_FUNCTIONS(puzzlefile)
+    };
+
     const QByteArray Signature = QByteArrayLiteral("VARNO01.01");
     // The signature, the type, four Int16, the Int32 colour and the path's length.
     constexpr qsizetype HeaderSize = 25;
@@ -84,7 +90,7 @@ namespace
 
     LoadError damaged(const QString &what)
     {
-        return { QStringLiteral("The saved puzzle is damaged: %1.").arg(what) };
+        return { Texts::tr("The saved puzzle is damaged: %1.").arg(what) };
     }
 
     // Every home is held exactly once, on a place or in a tray box the board has; a slide puzzle has
@@ -97,36 +103,33 @@ namespace
         for (int i = 0; i < T + Codes::TraySlots; ++i) {
             const bool place = i < T;
             const int home = place ? p.Board[i].Home : p.Pcs[i - T].Home;
-            const auto where = [&] {
-                return place ? QStringLiteral("place %1").arg(i) : QStringLiteral("tray box %1").arg(i - T);
-            };
+            const auto where
+                = [&] { return place ? Texts::tr("place %1").arg(i) : Texts::tr("tray box %1").arg(i - T); };
             if (home == -1 && place && slide)
-                return damaged(QStringLiteral("%1 is empty in a slide puzzle").arg(where()));
+                return damaged(Texts::tr("%1 is empty in a slide puzzle").arg(where()));
             if (home == -1)
                 continue;
             if (home < 0 || home >= T)
-                return damaged(QStringLiteral("%1 holds a tile whose home (%2) is not on the board")
-                                   .arg(where())
-                                   .arg(home));
+                return damaged(
+                    Texts::tr("%1 holds a tile whose home (%2) is not on the board").arg(where()).arg(home));
             if (!place && i - T >= p.GridN)
-                return damaged(QStringLiteral("%1 holds a piece, but the board has only %2 tray boxes")
+                return damaged(Texts::tr("%1 holds a piece, but the board has only %2 tray boxes")
                                    .arg(where())
                                    .arg(p.GridN));
             if (++held[home] > 1)
-                return damaged(QStringLiteral("the tile whose home is place %1 is held twice").arg(home));
+                return damaged(Texts::tr("the tile whose home is place %1 is held twice").arg(home));
         }
         for (int home = 0; home < T; ++home)
             if (held[home] == 0)
-                return damaged(QStringLiteral("the tile whose home is place %1 is missing").arg(home));
+                return damaged(Texts::tr("the tile whose home is place %1 is missing").arg(home));
         if (slide && (p.BlankPos < 0 || p.BlankPos >= T || p.Board[p.BlankPos].Home != T - 1))
             return damaged(
-                QStringLiteral("the blank tile is not on place %1, where the file puts it").arg(p.BlankPos));
+                Texts::tr("the blank tile is not on place %1, where the file puts it").arg(p.BlankPos));
         int inPlace = 0;
         for (int i = 0; i < T; ++i)
             inPlace += p.Board[i].Home == i;
         if (inPlace != p.InPlace)
-            return damaged(
-                QStringLiteral("it counts %1 tiles at home where %2 are").arg(p.InPlace).arg(inPlace));
+            return damaged(Texts::tr("it counts %1 tiles at home where %2 are").arg(p.InPlace).arg(inPlace));
         return std::nullopt;
     }
 
@@ -134,24 +137,22 @@ namespace
     std::optional<LoadError> checkHeader(const SavedPuzzle &p, qsizetype size, qsizetype pathBytes)
     {
         if (p.GridN < Codes::MinGrid || p.GridN > Codes::MaxGrid)
-            return damaged(QStringLiteral("its board has %1 tiles a side, not 2 to 11").arg(p.GridN));
+            return damaged(Texts::tr("its board has %1 tiles a side, not 2 to 11").arg(p.GridN));
         if (p.TileTotal != p.GridN * p.GridN)
-            return damaged(QStringLiteral("it counts %1 places on a board of %2 x %2 tiles")
-                               .arg(p.TileTotal)
-                               .arg(p.GridN));
-        if (pathBytes == 0)
-            return damaged(QStringLiteral("it names no picture"));
-        if (pathBytes < 0 || HeaderSize + pathBytes > size)
             return damaged(
-                QStringLiteral("its picture path of %1 bytes does not fit in the file").arg(pathBytes));
+                Texts::tr("it counts %1 places on a board of %2 x %2 tiles").arg(p.TileTotal).arg(p.GridN));
+        if (pathBytes == 0)
+            return damaged(Texts::tr("it names no picture"));
+        if (pathBytes < 0 || HeaderSize + pathBytes > size)
+            return damaged(Texts::tr("its picture path of %1 bytes does not fit in the file").arg(pathBytes));
         if (size != fileSize(pathBytes, p.TileTotal))
-            return damaged(QStringLiteral("the file is %1 bytes long where its contents take %2")
+            return damaged(Texts::tr("the file is %1 bytes long where its contents take %2")
                                .arg(size)
                                .arg(fileSize(pathBytes, p.TileTotal)));
         if (p.PuzType != Codes::Slide && p.PuzType != Codes::Drag)
-            return damaged(QStringLiteral("its puzzle type is neither S nor D"));
+            return damaged(Texts::tr("its puzzle type is neither S nor D"));
         if (p.GridColor != Codes::WhiteColor && p.GridColor != Codes::BlackColor)
-            return damaged(QStringLiteral("its grid colour is neither white nor black"));
+            return damaged(Texts::tr("its grid colour is neither white nor black"));
         return std::nullopt;
     }
 } // namespace
@@ -195,7 +196,7 @@ QByteArray encode(const PuzzleState &s)
 std::variant<SavedPuzzle, LoadError> decode(const QByteArray &bytes)
 {
     if (bytes.size() < HeaderSize)
-        return damaged(QStringLiteral("the file ends inside its header"));
+        return damaged(Texts::tr("the file ends inside its header"));
     Reader in(bytes);
     in.skip(Signature.size());
     SavedPuzzle p;
@@ -240,12 +241,12 @@ std::optional<LoadError> checkSources(const SavedPuzzle &p, QSize pictureSize)
             continue;
         if (picture.contains(QRect(QPoint(t.SrcX, t.SrcY), tile)))
             continue;
-        return LoadError { QStringLiteral("The saved puzzle does not fit its picture %1: the tile %2 is cut "
-                                          "at %3, %4, and its %5 x %6 pixels reach outside the picture, "
-                                          "which is %7 x %8 pixels on the board.")
+        return LoadError { Texts::tr("The saved puzzle does not fit its picture %1: the tile %2 is cut "
+                                     "at %3, %4, and its %5 x %6 pixels reach outside the picture, "
+                                     "which is %7 x %8 pixels on the board.")
                                .arg(p.PicFile,
-                                   place ? QStringLiteral("on place %1").arg(i)
-                                         : QStringLiteral("in tray box %1").arg(i - places))
+                                   place ? Texts::tr("on place %1").arg(i)
+                                         : Texts::tr("in tray box %1").arg(i - places))
                                .arg(t.SrcX)
                                .arg(t.SrcY)
                                .arg(tile.width())
@@ -291,13 +292,11 @@ std::variant<QByteArray, LoadError> readFile(const QString &path)
     QFile in(path);
     if (!in.open(QIODevice::ReadOnly))
         return LoadError {
-            QStringLiteral("The saved puzzle %1 cannot be opened: %2.").arg(path, in.errorString())
+            Texts::tr("The saved puzzle %1 cannot be opened: %2.").arg(path, in.errorString())
         };
     QByteArray bytes = in.read(MaxFileSize + 1);
     if (in.error() != QFileDevice::NoError)
-        return LoadError {
-            QStringLiteral("The saved puzzle %1 cannot be read: %2.").arg(path, in.errorString())
-        };
+        return LoadError { Texts::tr("The saved puzzle %1 cannot be read: %2.").arg(path, in.errorString()) };
     return bytes;
 }
 

@@ -10,8 +10,6 @@
 
 namespace
 {
-const QString OpenError = QStringLiteral("Open - ERROR");
-
 // A file read, decoded and checked against its picture as the picture is now. pictureLost marks a
 // picture that is gone or cannot be read: the saved puzzle can then never be played.
 struct CheckedFile {
@@ -46,15 +44,13 @@ void vxmain::cb_save_Click()
         return;
     const QByteArray bytes = puzzlefile::encode(s);
     const QString error = bytes.isEmpty()
-        ? QStringLiteral("the picture's path is longer than %1 bytes").arg(puzzlefile::MaxPathBytes)
+        ? tr("the picture's path is longer than %1 bytes").arg(puzzlefile::MaxPathBytes)
         : puzzlefile::writeWhole(s.PzlFile, bytes);
     if (error.isEmpty())
-        m_platform.messages.show(
-            QStringLiteral("Puzzle Saved"), QStringLiteral("Saved"), MsgStyle::Information);
+        m_platform.messages.show(tr("Puzzle Saved"), tr("Saved"), MsgStyle::Information);
     else
-        m_platform.messages.show(
-            QStringLiteral("The puzzle cannot be saved in %1: %2.").arg(s.PzlFile, error),
-            QStringLiteral("Save - ERROR"), MsgStyle::Critical);
+        m_platform.messages.show(tr("The puzzle cannot be saved in %1: %2.").arg(s.PzlFile, error),
+            tr("Save - ERROR"), MsgStyle::Critical);
 }
 
 void vxmain::cb_load_Click()
@@ -62,8 +58,7 @@ void vxmain::cb_load_Click()
     if (!m_state.allows(Command::LoadGame))
         return;
     if (!QFileInfo(m_state.PzlFile).isFile()) {
-        m_platform.messages.show(QStringLiteral("No Saved Puzzle Found"), QStringLiteral("Load Saved Puzzle"),
-            MsgStyle::Information);
+        m_platform.messages.show(tr("No Saved Puzzle Found"), tr("Load Saved Puzzle"), MsgStyle::Information);
         return;
     }
     m_platform.pointers.set(PointerShape::Hourglass);
@@ -76,7 +71,7 @@ void vxmain::cb_load_Click()
     if (c.pictureLost)
         endWithoutPuzzle();
     m_platform.pointers.set(PointerShape::Default);
-    m_platform.messages.show(c.error, OpenError, MsgStyle::Critical);
+    m_platform.messages.show(c.error, tr("Open - ERROR"), MsgStyle::Critical);
 }
 
 void vxmain::showLoaded(const puzzlefile::SavedPuzzle &saved)
@@ -134,8 +129,7 @@ void vxmain::cb_exit_Click()
     s.HintMode = false;
     m_platform.pointers.set(PointerShape::Default);
     if (s.InPlay
-        && m_platform.messages.show(
-               QStringLiteral("Save Current Puzzle"), QStringLiteral("Save on Exit"), MsgStyle::YesNoQuestion)
+        && m_platform.messages.show(tr("Save Current Puzzle"), tr("Save on Exit"), MsgStyle::YesNoQuestion)
             == MsgAnswer::Yes)
         cb_save_Click();
     emit exitRequested();

@@ -6,6 +6,9 @@ pkgs=(cmake g++ make qt6-base-dev qt6-svg-dev qt6-image-formats-plugins libqt6sv
 # The help document's font (metric twin of Arial), and a small window manager and its remote control
 # for the real-window tests (minimise, closing, a second start).
 pkgs+=(fonts-liberation openbox wmctrl)
+# Qt's translation tools, which keep the game's translations in step and compile them, and Qt's own
+# translations of its dialogs and buttons.
+pkgs+=(qt6-l10n-tools qt6-translations-l10n)
 # The install's validators and the .deb package's library dependencies.
 pkgs+=(desktop-file-utils appstream dpkg-dev file)
 # `make bench` (setup-deps.sh bench): the two peer puzzles whose start-up is measured beside the game, and
