@@ -6,6 +6,8 @@ pkgs=(cmake g++ make qt6-base-dev qt6-svg-dev qt6-image-formats-plugins libqt6sv
 # The help document's font (metric twin of Arial), and a small window manager and its remote control
 # for the real-window tests (minimise, closing, a second start).
 pkgs+=(fonts-liberation openbox wmctrl)
+# Qt's Wayland plugin and a compositor to run it under: the real-window tests play the game on Wayland too.
+pkgs+=(qt6-wayland weston)
 # The install's validators and the .deb package's library dependencies.
 pkgs+=(desktop-file-utils appstream dpkg-dev file)
 # `make bench` (setup-deps.sh bench): the two peer puzzles whose start-up is measured beside the game, and
