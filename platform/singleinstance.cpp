@@ -33,7 +33,7 @@ std::optional<QByteArray> tokenOf(const QByteArray &line)
 {
     if (line == Request + '\n')
         return QByteArray();
-    if (!line.startsWith(Request + ' ') || !line.endsWith('\n'))
+    if (!line.startsWith(Request + ' ') || !line.endsWith('\n') || line.size() >= MaxLine)
         return std::nullopt;
     const QByteArray token = line.mid(Request.size() + 1).chopped(1);
     const bool printable = !token.isEmpty()
