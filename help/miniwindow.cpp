@@ -5,11 +5,21 @@
 #include "app/vxmain.h"
 
 #include <QCloseEvent>
+#include <QGuiApplication>
+#include <QTimer>
 #include <QWindow>
+#include <utility>
+
+namespace
+{
+// How long a new window waits for the compositor's activation before it asks to be minimised all the same.
+constexpr int ActivationWaitMs = 250;
+} // namespace
 
 MiniWindow::MiniWindow(std::function<void()> onResize)
     : QWidget(nullptr, Qt::Window)
     , m_onResize(std::move(onResize))
+    , m_stateUnreported(QGuiApplication::platformName().startsWith(QLatin1String("wayland")))
 {
 }
 
@@ -20,9 +30,36 @@ void MiniWindow::minimise()
     if (w)
         w->installEventFilter(this);
     if (!w || w->isExposed())
-        setWindowState(Qt::WindowMinimized);
+        requestMinimised();
     else
         m_minimiseOnExpose = true;
+}
+
+void MiniWindow::requestMinimised()
+{
+    setWindowState(Qt::WindowMinimized);
+    // A window off the screen is never asked for its next frame, which is how Qt on Wayland learns that
+    // it is hidden: one more frame is drawn after the request.
+    if (m_stateUnreported)
+        update();
+}
+
+void MiniWindow::awaitActivation()
+{
+    // Qt can lose a deactivation that follows its activation too closely, and would then never report the
+    // restore: the request waits until the compositor's activation of the new window is through, or a
+    // moment where it activates none.
+    m_minimiseOnActivation = true;
+    QTimer::singleShot(ActivationWaitMs, this, [this] {
+        if (std::exchange(m_minimiseOnActivation, false))
+            requestMinimised();
+    });
+}
+
+void MiniWindow::takenOff()
+{
+    m_awaitingMinimised = false;
+    m_offScreen = m_stateUnreported;
 }
 
 bool MiniWindow::eventFilter(QObject *watched, QEvent *event)
@@ -30,11 +67,14 @@ bool MiniWindow::eventFilter(QObject *watched, QEvent *event)
     if (event->type() == QEvent::Expose && watched == windowHandle()) {
         if (windowHandle()->isExposed() && m_minimiseOnExpose) {
             m_minimiseOnExpose = false;
-            QMetaObject::invokeMethod(
-                this, [this] { setWindowState(Qt::WindowMinimized); }, Qt::QueuedConnection);
-        } else if (!windowHandle()->isExposed() && !m_minimiseOnExpose) {
+            if (m_stateUnreported)
+                awaitActivation();
+            else
+                QMetaObject::invokeMethod(
+                    this, [this] { requestMinimised(); }, Qt::QueuedConnection);
+        } else if (!windowHandle()->isExposed() && !m_minimiseOnExpose && !m_minimiseOnActivation) {
             // Taken off the screen: the desktop has minimised it.
-            m_awaitingMinimised = false;
+            takenOff();
         }
     }
     return QWidget::eventFilter(watched, event);
@@ -60,6 +100,18 @@ void MiniWindow::changeEvent(QEvent *event)
     QWidget::changeEvent(event);
     if (event->type() == QEvent::WindowStateChange)
         changed(event->spontaneous());
+    // Where the desktop never reports a restore (Wayland), the player's restore is seen as the window
+    // becoming active again once it was taken off the screen or lost its activation. Its coming back on
+    // the screen is not enough: a window switcher shows minimised windows while it is browsed.
+    if (event->type() == QEvent::ActivationChange && m_stateUnreported) {
+        if (isActiveWindow() && std::exchange(m_minimiseOnActivation, false))
+            QMetaObject::invokeMethod(
+                this, [this] { requestMinimised(); }, Qt::QueuedConnection);
+        else if (isActiveWindow() && m_offScreen)
+            restore();
+        else if (!isActiveWindow() && m_awaitingMinimised && !m_minimiseOnExpose && !m_minimiseOnActivation)
+            takenOff();
+    }
 }
 
 void MiniWindow::closeEvent(QCloseEvent *event)
@@ -67,7 +119,7 @@ void MiniWindow::closeEvent(QCloseEvent *event)
     // Closed from the desktop, the stand-in brings the game back rather than leave it hidden.
     if (event->spontaneous()) {
         event->ignore();
-        setWindowState(Qt::WindowNoState);
+        restore();
     }
 }
 
@@ -81,6 +133,8 @@ void MiniWindow::restore()
 {
     m_awaitingMinimised = false;
     m_minimiseOnExpose = false;
+    m_minimiseOnActivation = false;
+    m_offScreen = false;
     if (windowState() & Qt::WindowMinimized)
         setWindowState(Qt::WindowNoState);
     else

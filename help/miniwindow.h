@@ -26,8 +26,16 @@ protected:
 
 private:
     void changed(bool fromDesktop);
+    void requestMinimised();
+    void awaitActivation();
+    void takenOff();
 
     std::function<void()> m_onResize;
     bool m_awaitingMinimised = false;
     bool m_minimiseOnExpose = false;
+    // The desktop never reports a window minimised or restored (Wayland); once the window is off the
+    // screen, its next activation is the restore.
+    const bool m_stateUnreported;
+    bool m_minimiseOnActivation = false;
+    bool m_offScreen = false;
 };

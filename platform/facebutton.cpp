@@ -57,6 +57,14 @@ void FaceButton::leaveEvent(QEvent *event)
     QAbstractButton::leaveEvent(event);
 }
 
+void FaceButton::hideEvent(QHideEvent *event)
+{
+    // Hidden under the pointer (the window minimised by its own button), a button hears of no leave on
+    // Wayland, whose compositor tells only windows that still stand on the screen: it comes back unmarked.
+    m_hover = false;
+    QAbstractButton::hideEvent(event);
+}
+
 void FaceButton::keyPressEvent(QKeyEvent *event)
 {
     // The arrows belong to the board (they slide tiles), not to moving the focus along the bar.

@@ -11,8 +11,10 @@
 #include <QLocalSocket>
 #include <QStandardPaths>
 #include <QThread>
+#include <algorithm>
 #include <cerrno>
 #include <fcntl.h>
+#include <optional>
 #include <sys/file.h>
 #include <unistd.h>
 
@@ -20,8 +22,24 @@ namespace
 {
 const char LockName[] = "varno.lock";
 const char SocketName[] = "varno.socket";
-// What a later start sends; anything else on the socket is not a request.
-const QByteArray Request("forward\n");
+// What a later start sends, one line: the request, and the activation token the desktop gave that start
+// (Wayland) when it has one. Anything else on the socket is not a request.
+const QByteArray Request("forward");
+const QByteArray TokenVariable("XDG_ACTIVATION_TOKEN");
+constexpr int MaxLine = 512;
+
+// The token of a request line (empty: none), nothing when the line is no request.
+std::optional<QByteArray> tokenOf(const QByteArray &line)
+{
+    if (line == Request + '\n')
+        return QByteArray();
+    if (!line.startsWith(Request + ' ') || !line.endsWith('\n') || line.size() >= MaxLine)
+        return std::nullopt;
+    const QByteArray token = line.mid(Request.size() + 1).chopped(1);
+    const bool printable = !token.isEmpty()
+        && std::all_of(token.begin(), token.end(), [](char c) { return c > ' ' && c < 127; });
+    return printable ? std::optional(token) : std::nullopt;
+}
 } // namespace
 
 SingleInstance::SingleInstance()
@@ -70,12 +88,16 @@ void SingleInstance::takeCalls()
         while (QLocalSocket *caller = m_server->nextPendingConnection()) {
             connect(caller, &QLocalSocket::disconnected, caller, &QObject::deleteLater);
             connect(caller, &QLocalSocket::readyRead, this, [this, caller] {
-                if (caller->bytesAvailable() < Request.size())
+                if (!caller->canReadLine() && caller->bytesAvailable() < MaxLine)
                     return;
-                const bool asked = caller->read(Request.size()) == Request;
+                const std::optional<QByteArray> token = tokenOf(caller->readLine(MaxLine));
                 caller->disconnectFromServer();
-                if (asked)
-                    emit comeForward();
+                if (!token)
+                    return;
+                // Qt hands the token to the compositor when the window next asks to be activated.
+                if (!token->isEmpty())
+                    qputenv(TokenVariable.constData(), *token);
+                emit comeForward();
             });
         }
     });
@@ -91,7 +113,10 @@ bool SingleInstance::callFirst(int timeoutMs) const
     for (;;) {
         socket.connectToServer(path);
         if (socket.waitForConnected(int(deadline.remainingTime()))) {
-            socket.write(Request);
+            QByteArray line = Request + ' ' + qgetenv(TokenVariable.constData()) + '\n';
+            if (!tokenOf(line))
+                line = Request + '\n'; // no token, or none the running game would take
+            socket.write(line);
             const bool sent = socket.waitForBytesWritten(int(deadline.remainingTime()));
             socket.disconnectFromServer();
             return sent;

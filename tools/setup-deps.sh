@@ -9,6 +9,8 @@ pkgs+=(fonts-liberation openbox wmctrl)
 # Qt's translation tools, which keep the game's translations in step and compile them, and Qt's own
 # translations of its dialogs and buttons.
 pkgs+=(qt6-l10n-tools qt6-translations-l10n)
+# Qt's Wayland plugin and a compositor to run it under: the real-window tests play the game on Wayland too.
+pkgs+=(qt6-wayland weston)
 # The install's validators and the .deb package's library dependencies.
 pkgs+=(desktop-file-utils appstream dpkg-dev file)
 # `make bench` (setup-deps.sh bench): the two peer puzzles whose start-up is measured beside the game, and

@@ -37,7 +37,8 @@ public:
     // inside its 3-pixel frame.
     QPoint client { 240, 212 };
 
-    bool start()
+    // Starts the game in this environment; start() waits for its window on the X server too.
+    bool launch(const QProcessEnvironment &env = QProcessEnvironment::systemEnvironment())
     {
         const QString exe = home.filePath(QStringLiteral("varno"));
         if (!QFileInfo::exists(exe)) {
@@ -46,8 +47,13 @@ public:
             QFile::setPermissions(exe, QFile::ExeOwner | QFile::ReadOwner | QFile::WriteOwner);
         }
         game.setProgram(exe);
+        game.setProcessEnvironment(env);
         game.start();
-        if (!game.waitForStarted())
+        return game.waitForStarted();
+    }
+    bool start()
+    {
+        if (!launch())
             return false;
         for (int i = 0; i < 150; ++i) {
             window = xdotool({ "search", "--onlyvisible", "--class", "varno" }).section('\n', 0, 0);

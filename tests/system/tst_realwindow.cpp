@@ -1,15 +1,23 @@
 // The real program in a real X window under Xvfb, driven as a person would: with the mouse and the
 // keyboard through xdotool, looked at through screenshots. One game from start to exit, a saved puzzle
-// brought back in the next run, then the library window.
+// brought back in the next run, then the library window; last, the game on a Wayland compositor.
 #include "measure.h"
 #include "picturegen.h"
 #include "realgame.h"
+#include "weston.h"
 
 class RealWindowTest : public QObject
 {
     Q_OBJECT
     RealGame g;
     const QPoint lib { 174, 127 }; // the library window's top-left, centred on the screen as the game is
+    QImage m_start; // the screen at the game's first start
+
+    // The client area of the window whose top-left is at.
+    static QImage clientArea(const QImage &screen, QPoint at)
+    {
+        return screen.copy(QRect(at + QPoint(3, 3), QSize(800, 600))).convertToFormat(QImage::Format_RGB32);
+    }
 
 private slots:
     // The program starts from its own folder, the build's program and starter pictures copied there.
@@ -26,7 +34,7 @@ private slots:
         QVERIFY2(geo.contains("WIDTH=806") && geo.contains("HEIGHT=606"), qPrintable(geo));
         QVERIFY2(geo.contains("X=237") && geo.contains("Y=209"), qPrintable(geo));
         QCOMPARE(xdotool({ "getwindowname", g.window }), QString()); // no caption, not even Qt's fallback
-        const QImage img = g.shot("start");
+        const QImage img = m_start = g.shot("start");
         QCOMPARE(g.at(img, 138, 101), qRgb(128, 64, 64) & 0xFFFFFF); // outer frame
         QCOMPARE(g.at(img, 141, 104), qRgb(192, 122, 133) & 0xFFFFFF); // middle frame
         QCOMPARE(g.at(img, 145, 108), qRgb(128, 64, 64) & 0xFFFFFF); // inner frame
@@ -143,6 +151,74 @@ private slots:
         g.drag(lib + QPoint(85, 185), lib + QPoint(50, 307));
         g.answer("Delete Image"); // Yes is the default answer
         QTRY_VERIFY_WITH_TIMEOUT(!QFileInfo::exists(gif), 10000);
+    }
+
+    // Natively on Wayland the window keeps its size and content wherever the compositor places it: its
+    // client area is the X11 start's pixel for pixel, and nothing is printed. The compositor's end ends the
+    // game at once and without a save (Qt ends a program whose display has gone with code 1).
+    void waylandStartMatchesX11()
+    {
+        if (!Weston::missing().isEmpty())
+            QSKIP(qPrintable(Weston::missing()));
+        Weston w;
+        QVERIFY(w.start("headless-backend.so"));
+        RealGame game;
+        QVERIFY(game.launch(w.env()));
+        QTRY_VERIFY_WITH_TIMEOUT(w.windows().contains("varno"), 10000);
+        const QImage x11 = clientArea(m_start, g.client - QPoint(3, 3));
+        QTRY_VERIFY_WITH_TIMEOUT(clientArea(w.shot("start"), w.windows().value("varno")) == x11, 10000);
+        QCOMPARE(game.game.readAllStandardError(), QByteArray());
+        w.weston.terminate();
+        QVERIFY(game.game.waitForFinished(10000) && game.game.exitStatus() == QProcess::NormalExit);
+        QVERIFY(!QFileInfo::exists(game.home.filePath("varno.pzl")));
+    }
+
+    // Wayland never tells a window it is minimised or restored. "Minimize Game" takes the game off the
+    // compositor's screen with its stand-in; a second start brings it back, so does the compositor restoring
+    // the stand-in (weston's window switcher, Super+Tab); the stand-in goes, the game stands as it was.
+    void waylandMinimiseAndRestore()
+    {
+        if (!Weston::missing().isEmpty())
+            QSKIP(qPrintable(Weston::missing()));
+        Weston w;
+        QVERIFY(w.start("x11-backend.so"));
+        RealGame game;
+        QVERIFY(game.launch(w.env()));
+        const auto onlyGame = [&] { return w.windows().keys() == QStringList { "varno" }; };
+        const auto client = [&](const QString &name) {
+            xdotool({ "mousemove", "0", "0" }); // weston draws the pointer into its screen
+            return clientArea(w.shot(name), w.windows().value("varno"));
+        };
+        const QString keys = xdotool({ "search", "--class", "weston" }).section('\n', 0, 0);
+        QTRY_VERIFY_WITH_TIMEOUT(onlyGame(), 10000);
+        const QImage before = client("before");
+        for (const QString restore : { "second start", "switcher" }) {
+            QProcess requests; // the clients' requests as weston takes them
+            requests.setProcessEnvironment(w.env());
+            requests.start("weston-debug", { "proto" });
+            QVERIFY(requests.waitForStarted());
+            const QPoint button = w.windows().value("varno") + QPoint(3 + 224 + 301 + 11, 3 + 12);
+            xdotool({ "mousemove", QString::number(button.x()), QString::number(button.y()), "click", "1" });
+            QByteArray seen;
+            QTRY_VERIFY_WITH_TIMEOUT(
+                (seen += requests.readAllStandardOutput()).contains("set_minimized"), 10000);
+            QTRY_VERIFY_WITH_TIMEOUT(w.windows().isEmpty(), 10000);
+            requests.kill();
+            requests.waitForFinished();
+            if (restore == "second start") {
+                QProcessEnvironment env = w.env();
+                env.insert("XDG_ACTIVATION_TOKEN", "varno-test-token"); // as a launcher gives it
+                QProcess second;
+                second.setProcessEnvironment(env);
+                second.start(game.home.filePath("varno"));
+                QVERIFY(second.waitForFinished(10000) && second.exitCode() == 0);
+            } else {
+                xdotool(
+                    { "windowfocus", "--sync", keys, "keydown", "super", "key", "Tab", "keyup", "super" });
+            }
+            QTRY_VERIFY_WITH_TIMEOUT(onlyGame(), 10000);
+            QCOMPARE(client(QString(restore).replace(' ', '-')), before);
+        }
     }
 };
 QTEST_MAIN(RealWindowTest)
