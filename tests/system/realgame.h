@@ -51,12 +51,14 @@ public:
         game.start();
         return game.waitForStarted();
     }
-    bool start()
+    bool start(const QProcessEnvironment &env = QProcessEnvironment::systemEnvironment())
     {
-        if (!launch())
+        if (!launch(env))
             return false;
         for (int i = 0; i < 150; ++i) {
-            window = xdotool({ "search", "--onlyvisible", "--class", "varno" }).section('\n', 0, 0);
+            window = xdotool(
+                { "search", "--onlyvisible", "--pid", QString::number(game.processId()), "--class", "varno" })
+                         .section('\n', 0, 0);
             if (!window.isEmpty())
                 return true;
             QTest::qWait(100);

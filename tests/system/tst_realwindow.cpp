@@ -153,6 +153,24 @@ private slots:
         QTRY_VERIFY_WITH_TIMEOUT(!QFileInfo::exists(gif), 10000);
     }
 
+    // Started with a German LANGUAGE (its own runtime folder, so as not to call the running game), the game
+    // speaks German: the library window's caption and access keys, and Qt's own caption of the file dialog.
+    void speaksThePlayersLanguage()
+    {
+        RealGame de;
+        QTemporaryDir run;
+        QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
+        env.insert("LANGUAGE", "de");
+        env.insert("XDG_RUNTIME_DIR", run.path());
+        QVERIFY(de.start(env));
+        QTest::qWait(1000); // until it stands over the first game's window
+        de.command(27);
+        de.answer("Bildbibliothek", "alt+h"); // "Bild &hinzufügen"
+        de.answer("Öffnen", "Escape"); // the file dialog's caption
+        QTRY_VERIFY_WITH_TIMEOUT(!windowNamed("Öffnen"), 10000);
+        de.shot("german-library");
+    }
+
     // Natively on Wayland the window keeps its size and content wherever the compositor places it: its
     // client area is the X11 start's pixel for pixel, and nothing is printed. The compositor's end ends the
     // game at once and without a save (Qt ends a program whose display has gone with code 1).
