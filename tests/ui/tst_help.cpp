@@ -15,9 +15,8 @@ private slots:
     // that ends meanwhile (the window closed, a stop signal) stops the hint at its next chance.
     void hintMarksTileThenBlinksHome_data()
     {
-        QTest::addColumn<QString>("type");
-        QTest::addColumn<int>("box"); // the tray box pressed, or -1 for the board
-        QTest::addColumn<bool>("ending"); // the run ends during the first sleep
+        // The type, the tray box pressed (-1: the board), the run ending during the first sleep.
+        columns<QString, int, bool>({ "type", "box", "ending" });
         QTest::newRow("blank") << Codes::Slide << -1 << false;
         QTest::newRow("place emptied into the tray") << Codes::Drag << -1 << false;
         QTest::newRow("tray box holding its piece") << Codes::Drag << 0 << false;
@@ -26,9 +25,7 @@ private slots:
     }
     void hintMarksTileThenBlinksHome()
     {
-        QFETCH(QString, type);
-        QFETCH(int, box);
-        QFETCH(bool, ending);
+        const auto [type, box, ending] = fetch<QString, int, bool>("type", "box", "ending");
         Game g;
         QVERIFY(g.play(type, 4));
         vxmain &w = g.w;

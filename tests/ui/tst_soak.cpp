@@ -4,6 +4,7 @@
 #include "game.h"
 #include "options/rzfrm.h"
 #include "pictures/libfrm.h"
+#include "platform/facebutton.h"
 #include "render/picturefile.h"
 #include "store/puzzlefile.h"
 
@@ -23,17 +24,24 @@ bool besides(const PuzzleState &s, int a, int b)
     return std::abs(a % s.GridN - b % s.GridN) + std::abs(a / s.GridN - b / s.GridN) == 1;
 }
 
-// Type "S": a press with any button (a modifier changes nothing), half of them on a tile beside the
+// An arrow key slides the tile beside the blank on its side in type "S", if there is one, and nothing in
+// type "D". Type "S": a press with any button (a modifier changes nothing), half of them on a tile beside the
 // blank, every fourth on the box's extra pixel column or row, which belongs to the last column or row;
 // true when the pressed tile slid only if it stood beside the blank. Type "D": a lift from the board or a
-// tray box and a drop on either or anywhere in the window.
+// tray box and a drop on either or anywhere in the window; true when a tray box's piece was lifted.
 bool randomMove(vxmain &w, QRandomGenerator &rng)
 {
     const PuzzleState &s = w.state();
-    const int n = s.GridN, b = s.BlankPos, p = b + std::array { -1, 1, -n, n }[rng.bounded(4)];
+    const int k = int(rng.bounded(4)), n = s.GridN, b = s.BlankPos, p = b + std::array { -1, -n, 1, n }[k];
+    const bool beside = p >= 0 && p < s.TileTotal && besides(s, p, b);
     QPoint at(rng.bounded(w.vxrz->width()), rng.bounded(w.vxrz->height()));
+    if (rng.bounded(5) == 0) { // the arrow keys Left, Up, Right and Down
+        const std::vector<TileRec> board = s.Board;
+        QTest::keyClick(w.cb_scramble, Qt::Key(Qt::Key_Left + k));
+        return s.PuzType == Codes::Slide ? s.BlankPos == (beside ? p : b) : s.Board == board;
+    }
     if (s.PuzType == Codes::Slide) {
-        if (rng.bounded(2) && p >= 0 && p < s.TileTotal && besides(s, p, b))
+        if (rng.bounded(2) && beside)
             at = QPoint(
                 p % n * s.TileW + rng.bounded(int(s.TileW)), p / n * s.TileH + rng.bounded(int(s.TileH)));
         const int edge = rng.bounded(8);
@@ -46,15 +54,19 @@ bool randomMove(vxmain &w, QRandomGenerator &rng)
     const auto anywhere = [&](QWidget *box) {
         return box->mapTo(&w, QPoint(rng.bounded(box->width()), rng.bounded(box->height())));
     };
+    // A tray box is pressed as the player presses it: one that holds a piece lifts it, even after a drag
+    // or a size change.
     const int from = rng.bounded(n + 1), to = rng.bounded(n + 2);
+    const bool holds = from < n && s.Pcs[from].Home >= 0;
     if (from == n)
         w.vxrz_MouseDown(Qt::LeftButton, {}, at.x(), at.y());
     else
-        w.vxpcs_MouseDown(from, Qt::LeftButton, {}, 3, 3);
+        QTest::mousePress(w.vxpcs[from], Qt::LeftButton, {}, QPoint(3, 3));
+    const bool lifted = !holds || s.DragIdx == from;
     const QPoint drop = to < n ? anywhere(w.vxpcs[to]) : anywhere(to == n ? (QWidget *)w.vxrz : &w);
     w.Form_MouseMove(drop.x(), drop.y());
     w.Form_MouseUp(drop.x(), drop.y());
-    return true;
+    return lifted;
 }
 
 // A puzzle in play is sound as a load checks it (every home held once, the blank, the count at home,
@@ -166,12 +178,22 @@ struct Player {
             QTest::mouseClick(view, Qt::LeftButton);
             break;
         }
-        case 8: { // the hint armed (only in play), then a press on the board shows a home or disarms it
+        case 8: { // the hint armed (only in play); then a press on the board or an arrow key shows a home or
+            // disarms it, and slides no tile
             const bool armed = s().HintMode;
             w.cb_help_Click();
             if (s().HintMode != (s().InPlay && !armed))
                 return QStringLiteral("the hint is armed where it may not be");
-            w.vxrz_MouseDown(Qt::LeftButton, {}, rng.bounded(w.vxrz->width()), rng.bounded(w.vxrz->height()));
+            if (!s().HintMode)
+                break;
+            const std::vector<TileRec> board = s().Board;
+            if (rng.bounded(2))
+                QTest::keyClick(w.cb_scramble, Qt::Key(Qt::Key_Left + rng.bounded(4)));
+            else
+                w.vxrz_MouseDown(
+                    Qt::LeftButton, {}, rng.bounded(w.vxrz->width()), rng.bounded(w.vxrz->height()));
+            if (s().Board != board)
+                return QStringLiteral("a tile slid while the hint was armed");
             break;
         }
         case 9:
@@ -188,7 +210,7 @@ struct Player {
         default:
             for (int k = rng.bounded(40); playing && s().InPlay && k > 0; --k)
                 if (!randomMove(w, rng))
-                    return QStringLiteral("a press away from the blank slid a tile");
+                    return QStringLiteral("a press slid a tile away from the blank or lifted no piece");
             // Solved: the whole picture framed, and no press is taken. (After a new size the board can
             // stand a pixel wider or narrower than the picture.)
             if (playing && !s().InPlay) {

@@ -47,13 +47,8 @@ private slots:
     // the tray row below it for type "D"; a second pass moves nothing.
     void boardLayout_data()
     {
-        QTest::addColumn<QString>("type");
-        QTest::addColumn<int>("n");
-        QTest::addColumn<QSize>("box");
-        QTest::addColumn<QSize>("tile");
-        QTest::addColumn<QRect>("board");
-        QTest::addColumn<QRect>("frame");
-        QTest::addColumn<QPoint>("tray");
+        columns<QString, int, QSize, QSize, QRect, QRect, QPoint>(
+            { "type", "n", "box", "tile", "board", "frame", "tray" });
         QTest::newRow("S 6x6") << "S" << 6 << QSize(520, 390) << QSize(86, 65) << QRect(146, 109, 517, 391)
                                << QRect(138, 101, 534, 408) << QPoint();
         QTest::newRow("D 6x6") << "D" << 6 << QSize(520, 390) << QSize(86, 65) << QRect(146, 69, 517, 391)
@@ -69,9 +64,7 @@ private slots:
     }
     void boardLayout()
     {
-        QFETCH(QString, type);
-        QFETCH(int, n);
-        QFETCH(QSize, box);
+        const auto [type, n, box, tray] = fetch<QString, int, QSize, QPoint>("type", "n", "box", "tray");
         Game g;
         g.s().PuzType = type;
         g.s().setGridSize(Integer(n));
@@ -87,7 +80,6 @@ private slots:
         QTEST(QSize(g.s().TileW, g.s().TileH), "tile");
         QTEST(g.w.vxrz->geometry(), "board");
         QTEST(g.w.vxframe_main->geometry(), "frame");
-        QFETCH(QPoint, tray);
         QVERIFY(trayShown(g.w, tray.isNull() ? 0 : n));
         if (!tray.isNull())
             QCOMPARE(g.w.vxpcs[0]->pos(), tray);
