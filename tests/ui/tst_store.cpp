@@ -39,15 +39,18 @@ private slots:
     }
 
     // Saved, then loaded into another window playing another puzzle without a question: every field,
-    // the board and the tray come back, the buttons show the saved codes while the picture is framed; the
-    // spare record and another signature survive; a second save of the loaded puzzle writes the same file.
-    // (The soak goes round every size, type, colour and picture name, in any order, showing every holder.)
+    // the board and the tray come back, the buttons show the saved codes while the picture is framed; a
+    // path's UTF-8 bytes, the spare record and another signature survive; a second save of the loaded
+    // puzzle writes the same file. (The soak goes round every size, type and colour in any order, and
+    // checks every holder after each load.)
     void saveAndLoadRoundTrip()
     {
         Game a, b;
         QVERIFY(a.play(Codes::Drag, 2) && b.play(Codes::Slide, 6));
         a.w.cb_grid_Click();
         park(a.w, 0);
+        const QString pic = a.dir.filePath(QStringLiteral("Bild ü 狐.bmp"));
+        QVERIFY(QFile::rename(std::exchange(a.s().PicFile, pic), pic));
         a.s().Board[a.s().TileTotal] = { 7, -8, 9 };
         a.w.cb_save_Click();
         QByteArray saved = bytesOf(a.s().PzlFile);
