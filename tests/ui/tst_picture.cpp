@@ -91,7 +91,6 @@ private slots:
         QCOMPARE(g.w.vxrz->image(), g.w.vxrz_s->image());
         const double d = difference(g.w.vxrz_s->image(), QImage(path));
         QVERIFY2(d < limit, qPrintable(QString::number(d)));
-        QCOMPARE(g.w.vxblank->image().pixel(0, 0), BlankColour);
         QVERIFY(g.s().InPlay && g.tp.messages.asked.isEmpty());
         QCOMPARE(g.tp.pointers.history, HourglassThenDefault);
         // A ring 4 pixels wide over the border shape but for its last column and row.
@@ -141,9 +140,7 @@ private slots:
         if (inTheWay == "folder") {
             QVERIFY(QFileInfo(target).isDir());
         } else if (size.isEmpty()) {
-            QFile f(target);
-            QVERIFY(f.open(QIODevice::ReadOnly));
-            QCOMPARE(f.readAll(), bytes);
+            QCOMPARE(bytesOf(target), bytes);
         } else {
             QImageReader reader(target);
             QCOMPARE(reader.format(), QByteArray("bmp"));
