@@ -85,9 +85,7 @@ private slots:
         row("truncated gif", "a.gif", gif1.left(gif1.size() / 2), 6, "incomplete");
         row("bit-flipped jpeg", "a.jpg", flipped(jpeg), 6, "damaged");
         row("bit-flipped gif", "a.gif", flipped(gif1), 6, "");
-        row("bit-flipped bmp", "a.bmp", flipped(bmp), 6, "incomplete");
         row("1 x 1", "a.bmp", encode(dot, "bmp"), 11, "", dot);
-        row("1 x 4000", "a.bmp", tall(1, 4000), 2, "too narrow");
         row("4000 x 1", "a.bmp", tall(4000, 1), 2, "too flat");
         row("40 x 4000 at 2", "a.bmp", tall(40, 4000), 2, "");
         row("40 x 4000 at 6", "a.bmp", tall(40, 4000), 6, "too narrow");
