@@ -213,7 +213,6 @@ private slots:
         // message boxes shown.
         columns<QStringList, bool, bool, int>({ "choices", "inPlay", "hint", "boxes" });
         using L = QStringList;
-        QTest::newRow("accepted during play") << L { "b.bmp" } << true << false << 0;
         QTest::newRow("cancel after refusal") << L { "b.JPG", QString() } << true << false << 1;
         QTest::newRow("hint armed") << L { "b.bmp" } << true << true << 0;
         QTest::newRow("fails on a framed picture") << L { "broken.gif" } << false << false << 1;
