@@ -87,7 +87,6 @@ private slots:
         const QString path = g.file(name, bytes);
         QVERIFY2(g.load(path), qPrintable(g.tp.messages.asked.value(0).text));
         QCOMPARE(QSize(g.s().TileW * 6 + 1, g.s().TileH * 6 + 1), board);
-        QCOMPARE(g.w.vxrz->size(), board);
         QCOMPARE(g.w.vxrz->image(), g.w.vxrz_s->image());
         const double d = difference(g.w.vxrz_s->image(), QImage(path));
         QVERIFY2(d < limit, qPrintable(QString::number(d)));
@@ -250,7 +249,6 @@ private slots:
         QCOMPARE(g.tp.messages.asked.size(), boxes);
         if (!hint && choices.last().section(' ', -1) == "b.bmp") {
             QVERIFY(!g.s().InPlay && g.s().PicFile == next && g.s().OpenTitle == "b.bmp");
-            QCOMPARE(g.w.vxrz->size(), QSize(289, 391));
             QCOMPARE(g.w.vxrz->image(), g.w.vxrz_s->image());
             QVERIFY(framed(g.w));
         } else {

@@ -91,8 +91,7 @@ private slots:
         row("in tray box 3", D, "only 3 tray boxes", true, [](auto &b, auto &s) { set16(b, s, 13, 2, 0); });
         row("blank moved", S, "blank", true, [](auto &b, auto &s) { set16(b, s, -1, 15, s.BlankPos ^ 1); });
         row("count at home", D, "home", true, [](auto &b, auto &s) { set16(b, s, -1, 17, s.InPlace + 1); });
-        row("source past the edge", D, "reach outside", true,
-            [](auto &b, auto &s) { set16(b, s, 4, 1, 262); });
+        row("source outside", D, "reach outside", true, [](auto &b, auto &s) { set16(b, s, 4, 1, 262); });
         row("picture narrower", D, "reach outside", true, [](auto &, auto &s) { // tiles of 43 x 130 now
             picturegen::scene({ 130, 390 }, 1).save(s.PicFile, "BMP");
         });
