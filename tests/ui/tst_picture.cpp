@@ -105,10 +105,9 @@ private slots:
     // prefixed name, replacing an older copy; a failing write is skipped silently.
     void libraryStoresPicture_data()
     {
-        // The file, its stored name and size (of a BMP; empty: a byte-for-byte copy), and a "file" or
-        // "folder" of the stored name already in the way.
-        columns<QString, QByteArray, QString, QSize, QString>(
-            { "name", "bytes", "stored", "size", "inTheWay" });
+        // The file, its stored name and size (of a BMP; empty: a byte-for-byte copy), and whether the name is
+        // already taken by a "file" or a "folder".
+        columns<QString, QByteArray, QString, QSize, QString>({ "name", "bytes", "stored", "size", "taken" });
         const auto bmp = [](int w, int h) { return encode(picturegen::scene({ w, h }, 11), "bmp"); };
         const QByteArray jpeg = encode(picturegen::scene({ 1200, 900 }, 11), "jpg");
         QTest::newRow("reduced") << "photo.bmp" << bmp(800, 600) << "VX_photo.bmp" << QSize(520, 390) << "";
@@ -120,14 +119,13 @@ private slots:
     }
     void libraryStoresPicture()
     {
-        const auto [name, bytes, stored, size, inTheWay]
-            = fetch<QString, QByteArray, QString, QSize, QString>(
-                "name", "bytes", "stored", "size", "inTheWay");
+        const auto [name, bytes, stored, size, taken]
+            = fetch<QString, QByteArray, QString, QSize, QString>("name", "bytes", "stored", "size", "taken");
         Game g;
         const QString target = g.s().LibPath + "/" + stored;
-        if (inTheWay == "file")
+        if (taken == "file")
             QVERIFY(QFile(target).open(QIODevice::WriteOnly) && QFile::resize(target, 10));
-        if (inTheWay == "folder")
+        if (taken == "folder")
             QVERIFY(QDir().mkpath(target + "/inside"));
         const QImage board = g.w.vxrz->image();
         g.tp.pointers.history.clear();
@@ -136,7 +134,7 @@ private slots:
         QVERIFY(g.tp.messages.asked.isEmpty() && g.s().PicFile.isEmpty());
         QCOMPARE(g.tp.pointers.history, HourglassThenDefault);
         QCOMPARE(g.w.vxrz->image(), board);
-        if (inTheWay == "folder") {
+        if (taken == "folder") {
             QVERIFY(QFileInfo(target).isDir());
         } else if (size.isEmpty()) {
             QCOMPARE(bytesOf(target), bytes);
