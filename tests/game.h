@@ -8,6 +8,7 @@
 #include "pictures/thumbcache.h"
 #include "platform/picturebox.h"
 #include "platform/shapes.h"
+#include "table.h"
 #include "tools/gifwriter.h"
 #include "tools/picturegen.h"
 

@@ -1,6 +1,7 @@
 // The game logic on its own: rounding, and the scramble of the tile tables (walk
 // lengths, solvable walks, random deals, never a solved board).
 #include "play/scramble.h"
+#include "table.h"
 
 #include <QTest>
 #include <numeric>
@@ -28,8 +29,7 @@ private slots:
 
     void scrambleIsAWholeUnsolvedArrangement_data()
     {
-        QTest::addColumn<int>("n");
-        QTest::addColumn<QString>("type");
+        columns<int, QString>({ "n", "type" });
         for (const QString &type : { Codes::Slide, Codes::Drag })
             for (int n = Codes::MinGrid; n <= Codes::MaxGrid; ++n)
                 QTest::addRow("%s %dx%d", qPrintable(type), n, n) << n << type;
@@ -41,8 +41,7 @@ private slots:
     // deals without a walk.
     void scrambleIsAWholeUnsolvedArrangement()
     {
-        QFETCH(int, n);
-        QFETCH(QString, type);
+        const auto [n, type] = fetch<int, QString>("n", "type");
         const int total = n * n, seeds = n == 2 ? 2000 : 150; // 2 x 2 walks often come back solved
         const WalkRange range = walkRange(n);
         std::vector<int> solved(total);

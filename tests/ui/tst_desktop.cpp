@@ -1,10 +1,10 @@
-// The game on a desktop: arrow keys, dropped pictures, a screen reader, and a dense screen's drawing.
+// The game on a desktop: a screen reader, and a dense screen's drawing (arrow keys: the soak; dropped
+// pictures: with "Open Image" in tst_picture).
 #include "game.h"
 #include "platform/facebutton.h"
 #include "platform/qtservices.h"
 
 #include <QAccessible>
-#include <QMimeData>
 #include <QTest>
 #include <QTimer>
 
@@ -12,51 +12,6 @@ class DesktopTest : public QObject
 {
     Q_OBJECT
 private slots:
-    // An arrow presses the tile beside the blank on its side, up to the edge; not in type "D" nor as a hint.
-    void arrowsPressTheTileBesideTheBlank()
-    {
-        const std::tuple<Qt::Key, int, int> arrows[] = { { Qt::Key_Left, -1, 0 }, { Qt::Key_Right, 1, 0 },
-            { Qt::Key_Up, 0, -1 }, { Qt::Key_Down, 0, 1 } };
-        for (const QString type : { "S", "S hint", "D" })
-            for (const auto &[key, dc, dr] : arrows) {
-                Game g;
-                QVERIFY(g.play(type.left(1), 4, 3));
-                for (int i = 0; i < 4; ++i) {
-                    const int blank = g.s().BlankPos, col = blank % 4 + dc, row = blank / 4 + dr;
-                    const bool moves = type == "S" && col >= 0 && col < 4 && row >= 0 && row < 4;
-                    const QImage shown = g.w.vxrz->image();
-                    if (type == "S hint" && !g.s().HintMode)
-                        g.w.cb_help_Click();
-                    QTest::keyClick(g.w.cb_scramble, key);
-                    QCOMPARE(g.s().BlankPos, moves ? row * 4 + col : blank);
-                    QVERIFY(moves ? holdersShowTables(g.w) : g.w.vxrz->image() == shown);
-                }
-            }
-    }
-
-    // A dropped file takes the road of "Open Image": the same refusals, messages and guard.
-    void droppedFileOpensAsOpenImage()
-    {
-        const std::tuple<QString, QString, bool> drops[]
-            = { { "drop.bmp", "", false }, { "lib/VX_drop.bmp", "Open", false }, { "drop.bmp", "", true } };
-        for (const auto &[name, title, hint] : drops) {
-            Game g;
-            QVERIFY(g.play("S", 3));
-            const QString before = g.s().PicFile,
-                          path = g.picture(name, QImage(80, 60, QImage::Format_RGB32));
-            if (hint)
-                g.w.cb_help_Click();
-            QMimeData mime;
-            mime.setUrls({ QUrl::fromLocalFile(path) });
-            QDragEnterEvent enter(QPoint(300, 300), Qt::CopyAction, &mime, Qt::LeftButton, Qt::NoModifier);
-            QDropEvent drop(QPointF(300, 300), Qt::CopyAction, &mime, Qt::LeftButton, Qt::NoModifier);
-            QCoreApplication::sendEvent(&g.w, &enter);
-            QCoreApplication::sendEvent(&g.w, &drop);
-            QCOMPARE(g.tp.messages.asked.value(0).title, title);
-            QCOMPARE(g.s().PicFile, title.isEmpty() && !hint ? path : before);
-        }
-    }
-
     // A screen reader names every face by its tooltip and reads a message box's title and text.
     void screenReaderSeesFacesAndMessages()
     {

@@ -75,10 +75,9 @@ private slots:
     // board; a piece dropped nowhere goes back to place 5 and the tables stay as they were.
     void dropPointDecidesTarget_data()
     {
-        // The pointer: this offset from the board's top-left corner, plus ends times its width and height.
-        QTest::addColumn<QPointF>("pointer");
-        QTest::addColumn<QPoint>("ends");
-        QTest::addColumn<int>("to"); // -1 - p: place p if the drop point rounds inside, else back
+        // The pointer: this offset from the board's top-left corner, plus ends times its width and height;
+        // to: the place dropped on, or -1 - p: place p if the drop point rounds inside, else back.
+        columns<QPointF, QPoint, int>({ "pointer", "ends", "to" });
         QTest::newRow("pointer 3 px inside left edge") << QPointF(3, 50) << QPoint(0, 0) << 5;
         QTest::newRow("pointer 3 px inside top edge") << QPointF(50, 3) << QPoint(0, 0) << 5;
         QTest::newRow("drop point at left + width") << QPointF(4, 50) << QPoint(1, 0) << 5;
@@ -90,9 +89,7 @@ private slots:
     }
     void dropPointDecidesTarget()
     {
-        QFETCH(QPointF, pointer);
-        QFETCH(QPoint, ends);
-        QFETCH(int, to);
+        auto [pointer, ends, to] = fetch<QPointF, QPoint, int>("pointer", "ends", "to");
         Game g;
         QVERIFY(g.play(Codes::Drag, 4));
         const Held before = held(g.s());
@@ -110,18 +107,15 @@ private slots:
     // lifts nothing while the hint is armed (it shows the hint instead).
     void liftCarriesPieceUntilRelease_data()
     {
-        QTest::addColumn<int>("holder"); // 16 + k: tray box k
-        QTest::addColumn<int>("button");
-        QTest::addColumn<bool>("hint");
+        // The holder lifted (16 + k: tray box k), the button, the hint armed.
+        columns<int, int, bool>({ "holder", "button", "hint" });
         QTest::newRow("board, right button") << 5 << int(Qt::RightButton) << false;
         QTest::newRow("tray, middle button") << 18 << int(Qt::MiddleButton) << false;
         QTest::newRow("tray, hint armed") << 18 << int(Qt::LeftButton) << true;
     }
     void liftCarriesPieceUntilRelease()
     {
-        QFETCH(int, holder);
-        QFETCH(int, button);
-        QFETCH(bool, hint);
+        const auto [holder, button, hint] = fetch<int, int, bool>("holder", "button", "hint");
         Game g;
         QVERIFY(g.play(Codes::Drag, 4));
         vxmain &w = g.w;

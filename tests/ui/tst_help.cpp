@@ -10,14 +10,13 @@ class HelpTest : public QObject
 {
     Q_OBJECT
 private slots:
-    // A second press disarms; armed, no full view and no minimise. A tray piece is marked 600 ms, then blinks
-    // 4 times at home, events run before every sleep; the blank, empty places and boxes only disarm. A run
-    // that ends meanwhile (the window closed, a stop signal) stops the hint at its next chance.
+    // A second press disarms; armed, no minimise (nor full view: the soak). A tray piece is marked 600 ms,
+    // then blinks 4 times at home, events run before every sleep; the blank, empty places and boxes only
+    // disarm. A run that ends meanwhile (the window closed, a stop signal) stops the hint at its next chance.
     void hintMarksTileThenBlinksHome_data()
     {
-        QTest::addColumn<QString>("type");
-        QTest::addColumn<int>("box"); // the tray box pressed, or -1 for the board
-        QTest::addColumn<bool>("ending"); // the run ends during the first sleep
+        // The type, the tray box pressed (-1: the board), the run ending during the first sleep.
+        columns<QString, int, bool>({ "type", "box", "ending" });
         QTest::newRow("blank") << Codes::Slide << -1 << false;
         QTest::newRow("place emptied into the tray") << Codes::Drag << -1 << false;
         QTest::newRow("tray box holding its piece") << Codes::Drag << 0 << false;
@@ -26,9 +25,7 @@ private slots:
     }
     void hintMarksTileThenBlinksHome()
     {
-        QFETCH(QString, type);
-        QFETCH(int, box);
-        QFETCH(bool, ending);
+        const auto [type, box, ending] = fetch<QString, int, bool>("type", "box", "ending");
         Game g;
         QVERIFY(g.play(type, 4));
         vxmain &w = g.w;
@@ -52,9 +49,8 @@ private slots:
         w.cb_help_Click();
         QCOMPARE(g.tp.pointers.current(), PointerShape::Default);
         w.cb_help_Click();
-        w.cb_full_Click();
         w.cb_min_Click();
-        QVERIFY(g.tp.pointers.current() == PointerShape::Custom && w.vxrz->isVisible() && s.MinState == -1);
+        QVERIFY(g.tp.pointers.current() == PointerShape::Custom && s.MinState == -1);
         QTest::mousePress(box >= 0 ? w.vxpcs[box] : w.vxrz, Qt::LeftButton, {}, box >= 0 ? QPoint(5, 5) : in);
         if (box == 0) {
             const Integer home = s.Pcs[0].Home;

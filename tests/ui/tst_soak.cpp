@@ -4,6 +4,7 @@
 #include "game.h"
 #include "options/rzfrm.h"
 #include "pictures/libfrm.h"
+#include "platform/facebutton.h"
 #include "render/picturefile.h"
 #include "store/puzzlefile.h"
 
@@ -23,17 +24,24 @@ bool besides(const PuzzleState &s, int a, int b)
     return std::abs(a % s.GridN - b % s.GridN) + std::abs(a / s.GridN - b / s.GridN) == 1;
 }
 
-// Type "S": a press with any button (a modifier changes nothing), half of them on a tile beside the
+// An arrow key slides the tile beside the blank on its side in type "S", if there is one, and nothing in
+// type "D". Type "S": a press with any button (a modifier changes nothing), half of them on a tile beside the
 // blank, every fourth on the box's extra pixel column or row, which belongs to the last column or row;
 // true when the pressed tile slid only if it stood beside the blank. Type "D": a lift from the board or a
 // tray box and a drop on either or anywhere in the window.
 bool randomMove(vxmain &w, QRandomGenerator &rng)
 {
     const PuzzleState &s = w.state();
-    const int n = s.GridN, b = s.BlankPos, p = b + std::array { -1, 1, -n, n }[rng.bounded(4)];
+    const int k = int(rng.bounded(4)), n = s.GridN, b = s.BlankPos, p = b + std::array { -1, -n, 1, n }[k];
+    const bool beside = p >= 0 && p < s.TileTotal && besides(s, p, b);
     QPoint at(rng.bounded(w.vxrz->width()), rng.bounded(w.vxrz->height()));
+    if (rng.bounded(5) == 0) { // the arrow keys Left, Up, Right and Down
+        const std::vector<TileRec> board = s.Board;
+        QTest::keyClick(w.cb_scramble, Qt::Key(Qt::Key_Left + k));
+        return s.PuzType == Codes::Slide ? s.BlankPos == (beside ? p : b) : s.Board == board;
+    }
     if (s.PuzType == Codes::Slide) {
-        if (rng.bounded(2) && p >= 0 && p < s.TileTotal && besides(s, p, b))
+        if (rng.bounded(2) && beside)
             at = QPoint(
                 p % n * s.TileW + rng.bounded(int(s.TileW)), p / n * s.TileH + rng.bounded(int(s.TileH)));
         const int edge = rng.bounded(8);
@@ -166,12 +174,22 @@ struct Player {
             QTest::mouseClick(view, Qt::LeftButton);
             break;
         }
-        case 8: { // the hint armed (only in play), then a press on the board shows a home or disarms it
+        case 8: { // the hint armed (only in play); then a press on the board or an arrow key shows a home or
+            // disarms it, and slides no tile
             const bool armed = s().HintMode;
             w.cb_help_Click();
             if (s().HintMode != (s().InPlay && !armed))
                 return QStringLiteral("the hint is armed where it may not be");
-            w.vxrz_MouseDown(Qt::LeftButton, {}, rng.bounded(w.vxrz->width()), rng.bounded(w.vxrz->height()));
+            if (!s().HintMode)
+                break;
+            const std::vector<TileRec> board = s().Board;
+            if (rng.bounded(2))
+                QTest::keyClick(w.cb_scramble, Qt::Key(Qt::Key_Left + rng.bounded(4)));
+            else
+                w.vxrz_MouseDown(
+                    Qt::LeftButton, {}, rng.bounded(w.vxrz->width()), rng.bounded(w.vxrz->height()));
+            if (s().Board != board)
+                return QStringLiteral("a tile slid while the hint was armed");
             break;
         }
         case 9:
@@ -188,7 +206,7 @@ struct Player {
         default:
             for (int k = rng.bounded(40); playing && s().InPlay && k > 0; --k)
                 if (!randomMove(w, rng))
-                    return QStringLiteral("a press away from the blank slid a tile");
+                    return QStringLiteral("a key or a press slid a tile away from the blank");
             // Solved: the whole picture framed, and no press is taken. (After a new size the board can
             // stand a pixel wider or narrower than the picture.)
             if (playing && !s().InPlay) {

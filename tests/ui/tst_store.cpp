@@ -41,7 +41,8 @@ private slots:
     // Saved, then loaded into another window playing another puzzle without a question: every field,
     // the board and the tray come back, the buttons show the saved codes while the picture is framed; a
     // path's UTF-8 bytes, the spare record and another signature survive; a second save of the loaded
-    // puzzle writes the same file. (The soak goes round every size, type and colour in any order.)
+    // puzzle writes the same file. (The soak goes round every size, type and colour in any order, and
+    // checks every holder after each load.)
     void saveAndLoadRoundTrip()
     {
         Game a, b;
@@ -62,8 +63,6 @@ private slots:
         b.w.cb_load_Click();
         QVERIFY(b.tp.messages.asked.isEmpty() && b.s().InPlay); // every field: the second save below
         QCOMPARE(framing, codes(a));
-        QCOMPARE(b.w.vxrz->image(), a.w.vxrz->image());
-        QVERIFY(trayShown(b.w, 2) && holdersShowTables(b.w));
         QCOMPARE(codes(b), codes(a));
         b.w.cb_save_Click();
         QCOMPARE(bytesOf(b.s().PzlFile), "VARNO01.01" + saved.mid(10));
@@ -73,10 +72,7 @@ private slots:
     // that is gone or cannot be decoded ends with no puzzle in play and a clean board.
     void refusesUnsoundFile_data()
     {
-        QTest::addColumn<QString>("type");
-        QTest::addColumn<QString>("says");
-        QTest::addColumn<bool>("keeps");
-        QTest::addColumn<Craft>("craft");
+        columns<QString, QString, bool, Craft>({ "type", "says", "keeps", "craft" });
         const auto row = [](const char *name, const QString &type, const char *says, bool keeps, Craft c) {
             QTest::newRow(name) << type << QString::fromUtf8(says) << keeps << c;
         };
@@ -95,8 +91,7 @@ private slots:
         row("in tray box 3", D, "only 3 tray boxes", true, [](auto &b, auto &s) { set16(b, s, 13, 2, 0); });
         row("blank moved", S, "blank", true, [](auto &b, auto &s) { set16(b, s, -1, 15, s.BlankPos ^ 1); });
         row("count at home", D, "home", true, [](auto &b, auto &s) { set16(b, s, -1, 17, s.InPlace + 1); });
-        row("source past the edge", D, "reach outside", true,
-            [](auto &b, auto &s) { set16(b, s, 4, 1, 262); });
+        row("source outside", D, "reach outside", true, [](auto &b, auto &s) { set16(b, s, 4, 1, 262); });
         row("picture narrower", D, "reach outside", true, [](auto &, auto &s) { // tiles of 43 x 130 now
             picturegen::scene({ 130, 390 }, 1).save(s.PicFile, "BMP");
         });
@@ -108,10 +103,8 @@ private slots:
     }
     void refusesUnsoundFile()
     {
-        QFETCH(QString, type);
-        QFETCH(QString, says);
-        QFETCH(bool, keeps);
-        QFETCH(Craft, craft);
+        const auto [type, says, keeps, craft]
+            = fetch<QString, QString, bool, Craft>("type", "says", "keeps", "craft");
         Game g;
         QVERIFY(g.play(type, 3));
         g.w.cb_save_Click();
