@@ -72,14 +72,12 @@ private slots:
         QTest::addColumn<QStringList>("env"); // name=value pairs
         QTest::addColumn<QString>("chosen");
         QTest::newRow("nothing set") << QStringList() << "";
-        QTest::newRow("LANG") << QStringList { "LANG=de_DE.UTF-8" } << "de";
-        QTest::newRow("modifier and region") << QStringList { "LANG=de_AT.UTF-8@euro" } << "de";
+        QTest::newRow("LANG, region and modifier") << QStringList { "LANG=de_AT.UTF-8@euro" } << "de";
         QTest::newRow("LC_MESSAGES over LANG") << QStringList { "LANG=de_DE", "LC_MESSAGES=fr_FR" } << "fr";
         QTest::newRow("LC_ALL over both")
             << QStringList { "LANG=de_DE", "LC_MESSAGES=fr_FR", "LC_ALL=es_ES.UTF-8" } << "es";
         QTest::newRow("C locale") << QStringList { "LC_ALL=C.UTF-8", "LANG=de_DE" } << "";
         QTest::newRow("unknown language") << QStringList { "LANG=pt_BR.UTF-8" } << "";
-        QTest::newRow("LANGUAGE first") << QStringList { "LANGUAGE=fr", "LC_ALL=de_DE" } << "fr";
         QTest::newRow("LANGUAGE's first known")
             << QStringList { "LANGUAGE=it:es_MX:fr", "LANG=de_DE" } << "es";
         QTest::newRow("English preferred") << QStringList { "LANGUAGE=en_GB:de", "LANG=de_DE" } << "";
