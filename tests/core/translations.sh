@@ -24,10 +24,6 @@ for file in "${ts[@]}"; do
         echo "$(basename "$file"): texts without a finished translation, or translations of texts gone:"
         echo "$left" | sed 's/^/    /'
         status=1
-    elif ! cmp -s "$file" "$copy"; then
-        echo "$(basename "$file") is not as lupdate writes it for today's sources:"
-        diff "$file" "$copy" | head -20
-        status=1
     fi
 done
 [ $status -eq 0 ] || echo "Bring them up to date with 'make translations', then translate what it marks unfinished."
