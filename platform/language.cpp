@@ -60,13 +60,16 @@ QStringList offered()
 
 bool install(const QString &code)
 {
-    for (auto *translator : { &game, &qt }) {
-        if (*translator)
-            QCoreApplication::removeTranslator(translator->get());
-        translator->reset();
+    // English, the game's own texts, needs nothing: only a language installed before is taken back.
+    if (game) {
+        for (auto *translator : { &game, &qt }) {
+            if (*translator)
+                QCoreApplication::removeTranslator(translator->get());
+            translator->reset();
+        }
+        installed.clear();
+        QLocale::setDefault(QLocale::system());
     }
-    installed.clear();
-    QLocale::setDefault(QLocale::system());
     if (code.isEmpty())
         return true;
     game = std::make_unique<QTranslator>();
