@@ -1,4 +1,5 @@
 // The program: one instance per user, the main window, the event loop.
+#include "app/commandline.h"
 #include "app/programfolder.h"
 #include "app/vxmain.h"
 #include "platform/language.h"
@@ -7,10 +8,24 @@
 #include "platform/stopsignals.h"
 
 #include <QApplication>
+#include <QFileInfo>
 #include <QStandardPaths>
+#include <QTimer>
 
 int main(int argc, char *argv[])
 {
+    const QStringList arguments = commandline::arguments(argc, argv);
+    const commandline::Request request = commandline::read(arguments);
+    if (request.outcome != commandline::Outcome::Play) {
+        // Answered on the terminal, in the player's language; no display is needed for it.
+        // Under its bare name, which the help's usage line shows.
+        QByteArray name = QFileInfo(arguments.constFirst()).fileName().toLocal8Bit();
+        char *bare[] = { name.data(), nullptr };
+        int one = 1;
+        QCoreApplication terminal(one, bare);
+        language::installFromEnvironment();
+        return commandline::answer(arguments);
+    }
     QApplication app(argc, argv);
     QApplication::setApplicationName(QStringLiteral("varno"));
     QApplication::setOrganizationName(QStringLiteral("varno"));
@@ -42,5 +57,8 @@ int main(int argc, char *argv[])
     QObject::connect(&stops, &StopSignals::stopAsked, &window, &vxmain::Form_Unload);
     QObject::connect(&instance, &SingleInstance::comeForward, &window, &vxmain::BringForward);
     window.show();
+    // A picture named on the command line opens once the window is up, as "Open Image" would open it.
+    if (!request.picture.isEmpty())
+        QTimer::singleShot(0, &window, [&window, &request] { window.Form_DragDrop(request.picture); });
     return QApplication::exec();
 }

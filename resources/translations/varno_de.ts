@@ -2,6 +2,41 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="de">
 <context>
+    <name>CommandLine</name>
+    <message>
+        <source>Show this help and end.</source>
+        <translation>Diese Hilfe zeigen und beenden.</translation>
+    </message>
+    <message>
+        <source>Show the name and version and end.</source>
+        <translation>Name und Version zeigen und beenden.</translation>
+    </message>
+    <message>
+        <source>Varno, a picture tile puzzle: scramble a picture into tiles and put it together again.</source>
+        <translation>Varno, ein Bilderpuzzle: ein Bild in Teile zerlegen, mischen und wieder zusammensetzen.</translation>
+    </message>
+    <message>
+        <source>picture</source>
+        <translation>Bild</translation>
+    </message>
+    <message>
+        <source>A JPEG, GIF or BMP picture to open.</source>
+        <translation>Ein JPEG-, GIF- oder BMP-Bild, das geöffnet wird.</translation>
+    </message>
+    <message>
+        <source>[picture]</source>
+        <translation>[Bild]</translation>
+    </message>
+    <message>
+        <source>Only one picture can be opened.</source>
+        <translation>Es kann nur ein Bild geöffnet werden.</translation>
+    </message>
+    <message>
+        <source>Try &apos;%1 --help&apos; for more.</source>
+        <translation>Mehr mit „%1 --help“.</translation>
+    </message>
+</context>
+<context>
     <name>libfrm</name>
     <message>
         <source>&amp;Add Image</source>

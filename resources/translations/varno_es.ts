@@ -2,6 +2,41 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="es">
 <context>
+    <name>CommandLine</name>
+    <message>
+        <source>Show this help and end.</source>
+        <translation>Mostrar esta ayuda y salir.</translation>
+    </message>
+    <message>
+        <source>Show the name and version and end.</source>
+        <translation>Mostrar el nombre y la versión y salir.</translation>
+    </message>
+    <message>
+        <source>Varno, a picture tile puzzle: scramble a picture into tiles and put it together again.</source>
+        <translation>Varno, un puzzle de imágenes: mezcla una imagen dividida en piezas y vuelve a armarla.</translation>
+    </message>
+    <message>
+        <source>picture</source>
+        <translation>imagen</translation>
+    </message>
+    <message>
+        <source>A JPEG, GIF or BMP picture to open.</source>
+        <translation>Una imagen JPEG, GIF o BMP que abrir.</translation>
+    </message>
+    <message>
+        <source>[picture]</source>
+        <translation>[imagen]</translation>
+    </message>
+    <message>
+        <source>Only one picture can be opened.</source>
+        <translation>Solo se puede abrir una imagen.</translation>
+    </message>
+    <message>
+        <source>Try &apos;%1 --help&apos; for more.</source>
+        <translation>Prueba «%1 --help» para saber más.</translation>
+    </message>
+</context>
+<context>
     <name>libfrm</name>
     <message>
         <source>&amp;Add Image</source>

@@ -2,6 +2,41 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="fr">
 <context>
+    <name>CommandLine</name>
+    <message>
+        <source>Show this help and end.</source>
+        <translation>Afficher cette aide et quitter.</translation>
+    </message>
+    <message>
+        <source>Show the name and version and end.</source>
+        <translation>Afficher le nom et la version et quitter.</translation>
+    </message>
+    <message>
+        <source>Varno, a picture tile puzzle: scramble a picture into tiles and put it together again.</source>
+        <translation>Varno, un puzzle d&apos;images : mélangez une image découpée en pièces et reconstituez-la.</translation>
+    </message>
+    <message>
+        <source>picture</source>
+        <translation>image</translation>
+    </message>
+    <message>
+        <source>A JPEG, GIF or BMP picture to open.</source>
+        <translation>Une image JPEG, GIF ou BMP à ouvrir.</translation>
+    </message>
+    <message>
+        <source>[picture]</source>
+        <translation>[image]</translation>
+    </message>
+    <message>
+        <source>Only one picture can be opened.</source>
+        <translation>Une seule image peut être ouverte.</translation>
+    </message>
+    <message>
+        <source>Try &apos;%1 --help&apos; for more.</source>
+        <translation>Essayez « %1 --help » pour en savoir plus.</translation>
+    </message>
+</context>
+<context>
     <name>libfrm</name>
     <message>
         <source>&amp;Add Image</source>
