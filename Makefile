@@ -95,6 +95,8 @@ fuzz: build
 		djpeg -scale 1/8 -bmp -colors 16 ../../$(BUILD)/bin/lib/VX_harbour.jpg > p.bmp && \
 		djpeg -scale 1/8 -gif ../../$(BUILD)/bin/lib/VX_harbour.jpg > a.gif && \
 		cjpeg -quality 50 a.bmp > a.jpg && cjpeg -progressive a.bmp > p.jpg && cjpeg -grayscale a.bmp > g.jpg
+	# And every picture the fuzzer once found a fault with.
+	cp fuzz/findings/*.bmp $(FUZZ_BUILD)/picture-seeds/
 	mkdir -p $(FUZZ_BUILD)/picture-corpus
 	cd $(FUZZ_BUILD) && ./fuzz_picture -max_total_time=$(FUZZ_SECONDS) -jobs=1 -workers=1 -timeout=30 \
 		-rss_limit_mb=3072 -max_len=40000 -print_final_stats=1 picture-corpus picture-seeds

@@ -76,6 +76,16 @@ namespace
         return false;
     }
 
+    // Whether `rows` rows of `stride` bytes, the last cut to `lastRow`, fit in a file of fileSize after offset.
+    // Counted by division: the header's sizes multiplied could pass any integer, and a header is anybody's.
+    bool rowsFit(qint64 fileSize, qint64 offset, qint64 stride, qint64 lastRow, qint64 rows)
+    {
+        const qint64 room = fileSize - offset - lastRow;
+        if (room < 0)
+            return false;
+        return rows <= 1 || stride == 0 || rows - 1 <= room / stride;
+    }
+
     // Qt shows the missing rows of a cut-off BMP as black and calls it a success; uncompressed rows have a
     // size known from the header.
     bool bmpIsComplete(const QString &path)
@@ -92,9 +102,9 @@ namespace
         if (u32(14) < 40 || (compression != 0 && compression != 3 && compression != 6))
             return true;
         const qint64 width = qAbs(qint64(qint32(u32(18)))), height = qAbs(qint64(qint32(u32(22))));
-        const qint64 rowBits = width * qFromLittleEndian<quint16>(h.constData() + 28);
+        const qint64 rowBits = width * qFromLittleEndian<quint16>(h.constData() + 28); // below 2^47
         // The last row's padding may be left out.
-        return f.size() >= u32(10) + (rowBits + 31) / 32 * 4 * (height - 1) + (rowBits + 7) / 8;
+        return rowsFit(f.size(), u32(10), (rowBits + 31) / 32 * 4, (rowBits + 7) / 8, height);
     }
 
     // An uncompressed 24-bit (or plain 32-bit) BMP much larger than the board is area-averaged into the
@@ -119,7 +129,7 @@ namespace
             || (bpp != 3 && (bpp != 4 || u32(14) != 40)) || tw < 1 || th < 1 || w < 2 * tw || h < 2 * th)
             return {};
         const qint64 stride = (w * bpp + 3) / 4 * 4;
-        if (fileSize < offset + stride * (h - 1) + w * bpp)
+        if (!rowsFit(fileSize, offset, stride, w * bpp, h))
             return {};
 
         // Measured in 1/tw of a file pixel, file pixel x spans [x * tw, (x + 1) * tw) and board column tx

@@ -93,6 +93,9 @@ private slots:
             QByteArray(jpeg).replace(jpeg.indexOf("\xFF\xC0") + 5, 4, "\xFF\xFF\xFF\xFF"), 6, "damaged");
         row("bmp claims 65535", "a.bmp",
             QByteArray(bmp).replace(18, 8, QByteArray::fromHex("ffff0000ffff0000")), 6, "damaged");
+        // Found by the fuzzer: rows so wide and many that their product passes any integer.
+        row("bmp rows past any integer", "a.bmp",
+            QByteArray::fromBase64("Qk02kAAAAAAAZTYAAAApAAAAgAAAvwEAGAAOAAD+AwAAAABEgQAAcGAAAA=="), 6, "incomplete");
         row("animated gif", "a.gif", gif1.chopped(1) + gif1.mid(13 + 3 * 256), 6, "", QImage::fromData(gif1));
         row("greyscale jpeg", "a.jpg", encode(grey, "jpg"), 6, "", grey);
         row("cmyk jpeg", "a.jpg", cmyk(), 6, "", Scene);
