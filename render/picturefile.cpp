@@ -76,8 +76,8 @@ namespace
         return false;
     }
 
-    // Whether `rows` rows of `stride` bytes, the last cut to `lastRow`, fit in a file of fileSize after offset.
-    // Counted by division: the header's sizes multiplied could pass any integer, and a header is anybody's.
+    // Whether `rows` rows of `stride` bytes, the last cut to `lastRow`, fit in fileSize after offset. Counted
+    // by division: the header's sizes multiplied could pass any integer, and a header is anybody's.
     bool rowsFit(qint64 fileSize, qint64 offset, qint64 stride, qint64 lastRow, qint64 rows)
     {
         const qint64 room = fileSize - offset - lastRow;

@@ -95,7 +95,8 @@ private slots:
             QByteArray(bmp).replace(18, 8, QByteArray::fromHex("ffff0000ffff0000")), 6, "damaged");
         // Found by the fuzzer: rows so wide and many that their product passes any integer.
         row("bmp rows past any integer", "a.bmp",
-            QByteArray::fromBase64("Qk02kAAAAAAAZTYAAAApAAAAgAAAvwEAGAAOAAD+AwAAAABEgQAAcGAAAA=="), 6, "incomplete");
+            QByteArray::fromBase64("Qk02kAAAAAAAZTYAAAApAAAAgAAAvwEAGAAOAAD+AwAAAABEgQAAcGAAAA=="), 6,
+            "incomplete");
         row("animated gif", "a.gif", gif1.chopped(1) + gif1.mid(13 + 3 * 256), 6, "", QImage::fromData(gif1));
         row("greyscale jpeg", "a.jpg", encode(grey, "jpg"), 6, "", grey);
         row("cmyk jpeg", "a.jpg", cmyk(), 6, "", Scene);
