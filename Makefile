@@ -1,9 +1,10 @@
-# Front door: `make` builds, `make run` starts the game, `make test` runs every test, `make bench` measures.
+# Front door: `make` builds, `make run` starts the game, `make test` runs every test, `make bench` measures,
+# `make screenshot` photographs the game in play for the README.
 # `make fuzz` fuzzes the puzzle file reader, then the picture path, each for FUZZ_SECONDS seconds on one core.
 BUILD ?= build
 JOBS ?= $(shell nproc)
 
-.PHONY: all deps build run test soak bench format format-check clean fuzz install package translations
+.PHONY: all deps build run test soak bench format format-check clean fuzz install package translations screenshot
 
 all: build
 
@@ -100,6 +101,10 @@ fuzz: build
 	mkdir -p $(FUZZ_BUILD)/picture-corpus
 	cd $(FUZZ_BUILD) && ./fuzz_picture -max_total_time=$(FUZZ_SECONDS) -jobs=1 -workers=1 -timeout=30 \
 		-rss_limit_mb=3072 -max_len=40000 -print_final_stats=1 picture-corpus picture-seeds
+
+# The README's picture of a puzzle in play, photographed from the real window on a private X server.
+screenshot: build
+	bash tools/screenshot.sh $(BUILD) docs/screenshot.png
 
 format:
 	$(CLANG_FORMAT) -i $$(git ls-files '*.cpp' '*.h')
