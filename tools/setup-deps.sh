@@ -13,6 +13,8 @@ pkgs+=(qt6-l10n-tools qt6-translations-l10n)
 pkgs+=(qt6-wayland weston)
 # The install's validators and the .deb package's library dependencies.
 pkgs+=(desktop-file-utils appstream dpkg-dev file)
+# The manual page, written from the program's --help at build time, and Debian's checker of the .deb.
+pkgs+=(help2man lintian)
 # `make bench` (setup-deps.sh bench): the two peer puzzles whose start-up is measured beside the game, and
 # the session bus they expect.
 [ "${1:-}" = bench ] && pkgs+=(sgt-puzzles gnome-taquin dbus-daemon)
