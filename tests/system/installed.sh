@@ -11,6 +11,8 @@ fail() { echo "FAIL: $*" >&2; exit 1; }
 
 DESTDIR=$work/stage cmake --install "$build" --prefix /usr >/dev/null
 share=$work/stage/usr/share
+# Only the package keeps the program in games/, as Debian does; a plain install puts it on every system's path.
+[ -x "$work/stage/usr/bin/varno" ] && [ ! -e "$work/stage/usr/games" ] || fail "the plain install's program"
 desktop-file-validate "$share/applications/org.varno.varno.desktop"
 appstreamcli validate --no-net "$share/metainfo/org.varno.varno.metainfo.xml"
 for size in 16 24 32 48 64 128 256; do
