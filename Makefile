@@ -74,7 +74,7 @@ install: build
 
 # Debian's own checker passes the package or the rule fails; its information notes are shown, not fatal.
 package: build
-	cd $(BUILD) && rm -f varno_*.deb && cpack -G DEB && lintian --info --fail-on error,warning varno_*.deb
+	cd $(BUILD) && rm -f varno_*.deb && cpack -G DEB && lintian --display-info --fail-on error,warning varno_*.deb
 
 FUZZ_BUILD ?= build-fuzz
 FUZZ_SECONDS ?= 600
