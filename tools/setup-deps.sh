@@ -13,6 +13,9 @@ pkgs+=(qt6-l10n-tools qt6-translations-l10n)
 pkgs+=(qt6-wayland weston)
 # The install's validators and the .deb package's library dependencies.
 pkgs+=(desktop-file-utils appstream dpkg-dev file)
+# The manual page, written from the program's --help at build time; Debian's checker of the .deb; and
+# GLib's gio, which shows what the desktop offers to open a picture with.
+pkgs+=(help2man lintian libglib2.0-bin)
 # `make bench` (setup-deps.sh bench): the two peer puzzles whose start-up is measured beside the game, and
 # the session bus they expect.
 [ "${1:-}" = bench ] && pkgs+=(sgt-puzzles gnome-taquin dbus-daemon)
