@@ -33,17 +33,15 @@ QStringList clipped(const QWidget &window)
     return out;
 }
 
-// The access keys that two or more buttons of a window take, as "Alt+A: &Ajouter une image, &Annuler".
+// The access keys that two or more buttons of a window take, as "Alt+A".
 QStringList sharedKeys(const QWidget &window)
 {
-    QMap<QString, QStringList> taken;
+    QStringList keys, out;
     for (const QAbstractButton *b : window.findChildren<QAbstractButton *>())
-        if (const QKeySequence key = QKeySequence::mnemonic(b->text()); !key.isEmpty())
-            taken[key.toString()] << b->text();
-    QStringList out;
-    for (auto i = taken.cbegin(); i != taken.cend(); ++i)
-        if (i.value().size() > 1)
-            out << i.key() + QStringLiteral(": ") + i.value().join(QStringLiteral(", "));
+        keys << QKeySequence::mnemonic(b->text()).toString();
+    for (const QString &key : keys)
+        if (!key.isEmpty() && keys.count(key) > 1 && !out.contains(key))
+            out << key;
     return out;
 }
 
