@@ -59,10 +59,11 @@ int main(int argc, char *argv[])
     QObject::connect(&instance, &SingleInstance::comeForward, &window, &vxmain::BringForward);
     // A picture handed over opens as one dropped on the window would; never under one of the game's dialogs
     // or message boxes, where "Open Image" could not be pressed either.
-    QObject::connect(&instance, &SingleInstance::pictureHandedOver, &window, [&window](const QString &picture) {
-        if (!QApplication::activeModalWidget())
-            window.Form_DragDrop(picture);
-    });
+    QObject::connect(
+        &instance, &SingleInstance::pictureHandedOver, &window, [&window](const QString &picture) {
+            if (!QApplication::activeModalWidget())
+                window.Form_DragDrop(picture);
+        });
     window.show();
     // A picture named on the command line opens once the window is up, as "Open Image" would open it.
     if (!request.picture.isEmpty())

@@ -33,9 +33,9 @@ const QByteArray PictureField("picture=");
 const QByteArray TokenVariable("XDG_ACTIVATION_TOKEN");
 // Room for any path the system can open (4096 bytes, three times that encoded) and a token.
 constexpr int MaxLine = 16384;
-// Callers heard at once, and how long one may take to say its line: a flood of callers that say nothing
-// holds neither the game's memory nor its files, and a later start's request waits its turn.
-constexpr int MaxCallers = 8;
+// Callers heard at once, and how long one may take to say its line: a flood of callers holds neither the
+// game's memory nor its files. One more while all are held is hung up on unheard.
+constexpr int MaxCallers = 16;
 constexpr int CallerMs = 2000;
 
 struct Call {
@@ -139,16 +139,19 @@ void SingleInstance::takeCalls()
 
 void SingleInstance::answerCallers()
 {
-    while (m_callers < MaxCallers) {
-        QLocalSocket *caller = m_server->nextPendingConnection();
-        if (!caller)
-            return;
+    // Each caller is taken as it comes, before it can have buffered anything.
+    while (QLocalSocket *caller = m_server->nextPendingConnection()) {
+        if (m_callers == MaxCallers) {
+            caller->abort();
+            caller->deleteLater();
+            continue;
+        }
         ++m_callers;
         // A caller is heard once: at its first line feed, when it has said more than a line can hold,
         // when it hangs up, or when its time is up. Its buffer never holds more than a line.
         caller->setReadBufferSize(MaxLine);
+        // The timer runs until the caller is heard, so that it tells whether it has been.
         auto *time = new QTimer(caller);
-        time->setSingleShot(true);
         const auto hear = [this, caller, time](bool timeUp) {
             if (!time->isActive())
                 return;
@@ -161,26 +164,23 @@ void SingleInstance::answerCallers()
             caller->abort();
             caller->deleteLater();
             --m_callers;
+            if (!call)
+                return;
             // Acted on from the event loop, off the socket's own signal: opening a picture may show a
             // message box, whose loop hears the next callers meanwhile.
             QTimer::singleShot(0, this, [this, call] {
-                if (call) {
-                    // Qt hands the token to the compositor when the window next asks to be activated.
-                    if (!call->token.isEmpty())
-                        qputenv(TokenVariable.constData(), call->token);
-                    emit comeForward();
-                    if (!call->picture.isEmpty())
-                        emit pictureHandedOver(call->picture);
-                }
-                answerCallers();
+                // Qt hands the token to the compositor when the window next asks to be activated.
+                if (!call->token.isEmpty())
+                    qputenv(TokenVariable.constData(), call->token);
+                emit comeForward();
+                if (!call->picture.isEmpty())
+                    emit pictureHandedOver(call->picture);
             });
         };
         connect(time, &QTimer::timeout, caller, [hear] { hear(true); });
         connect(caller, &QLocalSocket::readyRead, caller, [hear] { hear(false); });
         connect(caller, &QLocalSocket::disconnected, caller, [hear] { hear(false); });
         time->start(CallerMs);
-        // What it said while it waited its turn.
-        hear(false);
     }
 }
 

@@ -39,6 +39,6 @@ private:
     int m_fd = -1;
     bool m_first = false;
     QLocalServer *m_server = nullptr;
-    // Callers being heard now; the others wait in the server's queue.
+    // Callers being heard now.
     int m_callers = 0;
 };

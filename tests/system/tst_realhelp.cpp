@@ -146,9 +146,10 @@ private slots:
         const auto active = [] { return xdotool({ "getactivewindow" }); };
         g.command(301);
         QTRY_VERIFY_WITH_TIMEOUT(minimised(), 10000);
-        for (const QByteArray &line : { QByteArray("hello\n"), QByteArray("forward now\n"),
-                 QByteArray("forward token=a token=b\n"), QByteArray("forward picture=a.bmp\n"),
-                 QByteArray("forward picture=/a%zz.bmp\n"), "forward picture=/" + QByteArray(20000, 'a') + '\n' }) {
+        for (const QByteArray &line :
+            { QByteArray("hello\n"), QByteArray("forward now\n"), QByteArray("forward token=a token=b\n"),
+                QByteArray("forward picture=a.bmp\n"), QByteArray("forward picture=/a%zz.bmp\n"),
+                "forward picture=/" + QByteArray(20000, 'a') + '\n' }) {
             QLocalSocket caller;
             caller.connectToServer(
                 QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation) + "/varno.socket");
@@ -167,7 +168,8 @@ private slots:
         const auto useCover = [&] {
             xdotool({ "mousemove", "640", "150", "click", "1" });
             // Active on the screen and in its own program, so no late focus of its own follows.
-            QTRY_VERIFY_WITH_TIMEOUT(active() == QString::number(cover.winId()) && cover.isActiveWindow(), 10000);
+            QTRY_VERIFY_WITH_TIMEOUT(
+                active() == QString::number(cover.winId()) && cover.isActiveWindow(), 10000);
         };
         useCover();
         QVERIFY(g.shot("forward-covered").copy(boardArea) != before.copy(boardArea));

@@ -74,7 +74,8 @@ private slots:
         QVERIFY(next.waitForStarted() && !next.waitForFinished(1500));
         // It listens where the killed game did, and whatever comes there leaves it running and hearing the
         // next caller: random bytes, a line far longer than any request, a half line and a hang-up, a
-        // thousand callers at once, of which it holds only a few. It hangs up on a caller once it has heard it.
+        // thousand callers at once, of which it holds only a few. It hangs up on a caller once it has heard
+        // it.
         QByteArray noise(1 << 16, 0);
         QRandomGenerator(7).fillRange(reinterpret_cast<quint32 *>(noise.data()), noise.size() / 4);
         const QList<QByteArray> sayings { noise, QByteArray(16 << 20, 'a'), "forward picture=/tmp/a" };
@@ -91,8 +92,13 @@ private slots:
         const auto hungUp = [&](int i) { return callers[i]->state() == QLocalSocket::UnconnectedState; };
         QTRY_VERIFY_WITH_TIMEOUT(hungUp(0) && hungUp(1), 10000);
         QCOMPARE_LT(QDir(QStringLiteral("/proc/%1/fd").arg(next.processId())).count(), 100u);
-        call(callers[0]);
+        // The silent ones too, once their time is up.
+        QTRY_VERIFY_WITH_TIMEOUT(
+            std::all_of(callers.begin(), callers.end(),
+                [](auto &caller) { return caller->state() == QLocalSocket::UnconnectedState; }),
+            20000);
         callers.resize(1);
+        call(callers[0]);
         QVERIFY(callers[0]->waitForConnected(10000) && callers[0]->write("forward\n") > 0);
         QTRY_VERIFY_WITH_TIMEOUT(hungUp(0), 10000);
         QCOMPARE(next.state(), QProcess::Running);
