@@ -165,6 +165,7 @@ private slots:
         QWidget cover;
         cover.setGeometry(100, 100, 1080, 820);
         cover.show();
+        QTRY_COMPARE_WITH_TIMEOUT(active(), QString::number(cover.winId()), 10000);
         const auto useCover = [&] {
             xdotool({ "mousemove", "640", "150", "click", "1" });
             // Active on the screen and in its own program, so no late focus of its own follows.
