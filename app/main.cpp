@@ -31,10 +31,11 @@ int main(int argc, char *argv[])
     QApplication::setOrganizationName(QStringLiteral("varno"));
     // Ties the window to its menu entry and icon on the desktop.
     QGuiApplication::setDesktopFileName(QStringLiteral("org.varno.varno"));
-    // A second start ends at once and silently, after asking the running game to come forward.
+    // A second start ends at once and silently, after handing its picture to the running game (a relative
+    // name already made absolute against this start's folder) and asking it to come forward.
     SingleInstance instance;
     if (!instance.isFirst()) {
-        instance.callFirst(1000);
+        instance.callFirst(1000, request.picture);
         return 0;
     }
     StopSignals stops;
@@ -56,6 +57,13 @@ int main(int argc, char *argv[])
         &window, &vxmain::exitRequested, &app, [] { QCoreApplication::exit(0); }, Qt::QueuedConnection);
     QObject::connect(&stops, &StopSignals::stopAsked, &window, &vxmain::Form_Unload);
     QObject::connect(&instance, &SingleInstance::comeForward, &window, &vxmain::BringForward);
+    // A picture handed over opens as one dropped on the window would; never under one of the game's dialogs
+    // or message boxes, where "Open Image" could not be pressed either.
+    QObject::connect(
+        &instance, &SingleInstance::pictureHandedOver, &window, [&window](const QString &picture) {
+            if (!QApplication::activeModalWidget())
+                window.Form_DragDrop(picture);
+        });
     window.show();
     // A picture named on the command line opens once the window is up, as "Open Image" would open it.
     if (!request.picture.isEmpty())

@@ -5,8 +5,11 @@
 #include "picturegen.h"
 #include "realgame.h"
 
+#include <QDir>
 #include <QElapsedTimer>
+#include <QLocalSocket>
 #include <QRegularExpression>
+#include <QStandardPaths>
 #include <QWidget>
 
 class RealHelpTest : public QObject
@@ -122,17 +125,40 @@ private slots:
     }
 
     // A second start ends at once, showing nothing, and brings the running game forward: back from the
-    // small window, and from behind another window the player used last, raised and active.
+    // small window, and from behind another window the player used last, raised and active. A line on its
+    // socket that is no request does nothing. A picture named to a second start, in that start's folder,
+    // is opened by the running game as "Open Image" opens it, whatever its name holds; one "Open Image"
+    // refuses is refused there with its message, under which nothing opens.
     void secondStartBringsGameForward()
     {
         QVERIFY(g.start());
         g.command(55); // the saved puzzle
         const QImage before = g.shot(QString(), 1500);
-        const auto secondStart = [&] { return QProcess::execute(g.home.filePath("varno"), {}); };
+        const QString folder = g.home.filePath("Fotos\nü & (1)");
+        const QString picture = "Holiday (1) & more!\n ü.bmp";
+        QVERIFY(QDir().mkpath(folder) && QFile::copy(g.home.filePath("scene.bmp"), folder + '/' + picture));
+        const auto secondStart = [&](const QStringList &arguments = {}) {
+            QProcess start;
+            start.setWorkingDirectory(folder);
+            start.start(g.home.filePath("varno"), arguments);
+            return start.waitForFinished(10000) && start.exitCode() == 0 && start.readAll().isEmpty();
+        };
         const auto active = [] { return xdotool({ "getactivewindow" }); };
         g.command(301);
         QTRY_VERIFY_WITH_TIMEOUT(minimised(), 10000);
-        QCOMPARE(secondStart(), 0);
+        for (const QByteArray &line :
+            { QByteArray("hello\n"), QByteArray("forward now\n"), QByteArray("forward token=a token=b\n"),
+                QByteArray("forward picture=a.bmp\n"), QByteArray("forward picture=/a%zz.bmp\n"),
+                "forward picture=/" + QByteArray(20000, 'a') + '\n' }) {
+            QLocalSocket caller;
+            caller.connectToServer(
+                QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation) + "/varno.socket");
+            QVERIFY(caller.waitForConnected(10000) && caller.write(line) > 0);
+            QVERIFY(caller.waitForDisconnected(10000)); // heard
+        }
+        QTest::qWait(1000);
+        QVERIFY(minimised());
+        QVERIFY(secondStart());
         QTRY_VERIFY_WITH_TIMEOUT(mini().isEmpty() && active() == g.window, 10000);
         // Laid out anew on its return, as after every restore, the board stands without its red frame.
         QCOMPARE(g.shot("forward-minimised").copy(boardArea), before.copy(boardArea));
@@ -140,11 +166,26 @@ private slots:
         cover.setGeometry(100, 100, 1080, 820);
         cover.show();
         QTRY_COMPARE_WITH_TIMEOUT(active(), QString::number(cover.winId()), 10000);
-        xdotool({ "mousemove", "640", "150", "click", "1" });
+        const auto useCover = [&] {
+            xdotool({ "mousemove", "640", "150", "click", "1" });
+            // Active on the screen and in its own program, so no late focus of its own follows.
+            QTRY_VERIFY_WITH_TIMEOUT(
+                active() == QString::number(cover.winId()) && cover.isActiveWindow(), 10000);
+        };
+        useCover();
         QVERIFY(g.shot("forward-covered").copy(boardArea) != before.copy(boardArea));
-        QCOMPARE(secondStart(), 0);
+        QVERIFY(secondStart());
         QTRY_COMPARE_WITH_TIMEOUT(active(), g.window, 10000);
         QCOMPARE(g.shot("forward-behind").copy(boardArea), before.copy(boardArea));
+        QVERIFY(secondStart({ "scene.png" }));
+        RealGame::waitFor("Open - ERROR");
+        QVERIFY(secondStart({ picture }));
+        RealGame::answer("Open - ERROR");
+        QCOMPARE(g.shot("handed-refused", 1500).copy(boardArea), before.copy(boardArea));
+        useCover();
+        QVERIFY(secondStart({ picture }));
+        QTRY_COMPARE_WITH_TIMEOUT(active(), g.window, 10000);
+        QCOMPARE(g.shot("handed-over", 1500).copy(boardArea), m_full.copy(boardArea));
     }
 
     // Closed by the window manager, each window does what its own cancel does: the library window leaves

@@ -1,7 +1,11 @@
 // One game per machine: of fifty starts at once exactly one game stays, the others end at once and
-// silently; a lock left behind by a killed game does not keep the next start out. The command line is
-// answered on the terminal without a display.
+// silently; a lock or a socket left behind by a killed game does not keep the next start out, and nothing
+// sent to its socket harms it. The command line is answered on the terminal without a display.
+#include <QDir>
+#include <QLocalSocket>
 #include <QProcess>
+#include <QRandomGenerator>
+#include <QStandardPaths>
 #include <QTest>
 
 class SingleInstanceTest : public QObject
@@ -68,6 +72,36 @@ private slots:
         QProcess next;
         next.start(QStringLiteral(VARNO_EXE), {});
         QVERIFY(next.waitForStarted() && !next.waitForFinished(1500));
+        // It listens where the killed game did, and whatever comes there leaves it running and hearing the
+        // next caller: random bytes, a line far longer than any request, a half line and a hang-up, a
+        // thousand callers at once, of which it holds only a few. It hangs up on a caller once it has heard
+        // it.
+        QByteArray noise(1 << 16, 0);
+        QRandomGenerator(7).fillRange(reinterpret_cast<quint32 *>(noise.data()), noise.size() / 4);
+        const QList<QByteArray> sayings { noise, QByteArray(16 << 20, 'a'), "forward picture=/tmp/a" };
+        std::vector<std::unique_ptr<QLocalSocket>> callers(1000);
+        const auto call = [](std::unique_ptr<QLocalSocket> &caller) {
+            caller = std::make_unique<QLocalSocket>();
+            caller->connectToServer(
+                QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation) + "/varno.socket");
+        };
+        std::for_each(callers.begin(), callers.end(), call);
+        for (int i = 0; i < sayings.size(); ++i)
+            QVERIFY(callers[i]->waitForConnected(10000) && callers[i]->write(sayings[i]) > 0);
+        callers[2]->disconnectFromServer();
+        const auto hungUp = [&](int i) { return callers[i]->state() == QLocalSocket::UnconnectedState; };
+        QTRY_VERIFY_WITH_TIMEOUT(hungUp(0) && hungUp(1), 10000);
+        QCOMPARE_LT(QDir(QStringLiteral("/proc/%1/fd").arg(next.processId())).count(), 100u);
+        // The silent ones too, once their time is up.
+        QTRY_VERIFY_WITH_TIMEOUT(
+            std::all_of(callers.begin(), callers.end(),
+                [](auto &caller) { return caller->state() == QLocalSocket::UnconnectedState; }),
+            20000);
+        callers.resize(1);
+        call(callers[0]);
+        QVERIFY(callers[0]->waitForConnected(10000) && callers[0]->write("forward\n") > 0);
+        QTRY_VERIFY_WITH_TIMEOUT(hungUp(0), 10000);
+        QCOMPARE(next.state(), QProcess::Running);
         next.kill();
         next.waitForFinished();
     }
