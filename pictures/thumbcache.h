@@ -36,6 +36,9 @@ QString folder();
 // one that does not cover the box (a picture of another shape) is taken when no other is. Null when
 // there is none that is current and sound.
 QImage find(const Original &picture, QSize box, QSize pictureSize);
+// An entry's bytes read as the cache reads its files: the image when they are a sound PNG of at most
+// side pixels a side whose keys are the picture's, else null.
+QImage readEntry(const QByteArray &png, const Original &picture, int side);
 // The problem recorded by this game for a picture it could not read, while the picture is unchanged.
 std::optional<QString> failure(const Original &picture);
 
