@@ -283,8 +283,9 @@ QImage find(const Original &picture, QSize box, QSize pictureSize)
                 picture, s.side);
         if (img.isNull() || !sameShape(img.size(), pictureSize))
             continue;
-        // A picture smaller than the box is covered by its own size.
-        if ((img.width() >= box.width() && img.height() >= box.height()) || img.size() == pictureSize)
+        // One that does not cover the box, as for a picture smaller than the box, is kept in case no
+        // other does.
+        if (img.width() >= box.width() && img.height() >= box.height())
             return img;
         if (best.isNull())
             best = std::move(img);

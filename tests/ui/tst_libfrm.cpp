@@ -157,8 +157,7 @@ private slots:
             "file:///home/jens/photos/me.png");
         row("spaces, letters beyond ASCII, dense screen", "nothing", "Café au lait [2].bmp",
             "/Caf%C3%A9%20au%20lait%20%5B2%5D.bmp", 2);
-        row("marks GLib leaves as they are", "nothing", "Holiday (1) & more! 'a'+b,c=@$:.bmp",
-            "/Holiday%20(1)%20&%20more!%20'a'+b,c=@$:.bmp");
+        row("marks GLib leaves as they are", "nothing", "Holiday (1) & more! 'a'+b,c=@$:.bmp");
         row("picture smaller than the box", "nothing", "small.bmp");
         row("another program's entry", "theirs");
         row("another program's entry in the next larger folder", "theirs larger");
