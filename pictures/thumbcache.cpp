@@ -39,6 +39,8 @@ namespace
     const QString ProblemKey = QStringLiteral("Description");
     // A marker is a pixel or so; anything larger is not read.
     constexpr int MarkerSide = 16;
+    // The largest folder's entry, 1024 x 1024 RGBA, stored without compression, with room for its keys.
+    constexpr qint64 MaxEntryBytes = 1024 * (1 + 1024 * 4) + 65536;
 
     std::atomic<bool> on = true;
 
@@ -104,24 +106,29 @@ namespace
         return std::abs(cross) <= std::max(picture.width(), picture.height());
     }
 
-    // A sound entry of at most side pixels a side whose keys are the picture's, or null. Its size is
-    // checked before anything is decoded: an entry larger than its folder allows is not read.
-    QImage readEntry(QIODevice *device, const Original &picture, int side)
+    // The bytes of a PNG file whose every chunk lies within them: libpng sets aside the memory a chunk's
+    // header claims before it reads the chunk, and a header may claim gigabytes.
+    bool chunksFit(QByteArrayView png)
     {
-        QImageReader reader(device, "png");
-        const QSize size = reader.size();
-        if (!size.isValid() || size.isEmpty() || size.width() > side || size.height() > side)
-            return {};
-        const QImage img = reader.read();
-        if (img.isNull() || img.size() != size || !sameTimeAndSize(img, picture))
-            return {};
-        return img;
+        if (!png.startsWith("\x89PNG\r\n\x1a\n"))
+            return false;
+        for (qsizetype at = 8; at < png.size();) {
+            // Length, type, data, check sum.
+            if (png.size() - at < 12
+                || qFromBigEndian<quint32>(png.data() + at) > quint64(png.size() - at - 12))
+                return false;
+            at += 12 + qFromBigEndian<quint32>(png.data() + at);
+        }
+        return true;
     }
 
     QImage readEntry(const QString &path, const Original &picture, int side)
     {
         QFile file(path);
-        return file.open(QIODevice::ReadOnly) ? readEntry(&file, picture, side) : QImage();
+        // Not a file (a pipe would hold the reader for ever), or larger than any entry stored plainly.
+        if (!QFileInfo(path).isFile() || !file.open(QIODevice::ReadOnly) || file.size() > MaxEntryBytes)
+            return {};
+        return thumbcache::readEntry(file.readAll(), picture, side);
     }
 
     // The PNG chunk check sum (ISO 3309 CRC-32), bit by bit: the chunks it covers are short.
@@ -295,10 +302,22 @@ QImage find(const Original &picture, QSize box, QSize pictureSize)
 
 QImage readEntry(const QByteArray &png, const Original &picture, int side)
 {
+    if (!chunksFit(png))
+        return {};
     QBuffer buffer;
     buffer.setData(png);
     buffer.open(QIODevice::ReadOnly);
-    return readEntry(&buffer, picture, side);
+    QImageReader reader(&buffer, "png");
+    // A PNG and nothing else: bytes of another format are not handed to its decoder.
+    reader.setAutoDetectImageFormat(false);
+    // Checked before anything is decoded: an entry larger than its folder allows is not read.
+    const QSize size = reader.size();
+    if (!size.isValid() || size.isEmpty() || size.width() > side || size.height() > side)
+        return {};
+    const QImage img = reader.read();
+    if (img.isNull() || img.size() != size || !sameTimeAndSize(img, picture))
+        return {};
+    return img;
 }
 
 std::optional<QString> failure(const Original &picture)

@@ -11,6 +11,9 @@ pkgs+=(fonts-liberation openbox wmctrl)
 pkgs+=(qt6-l10n-tools qt6-translations-l10n)
 # Qt's Wayland plugin and a compositor to run it under: the real-window tests play the game on Wayland too.
 pkgs+=(qt6-wayland weston)
+# What other programs make of the thumbnail cache: GLib's gio, and the thumbnailer service run on a session
+# bus of its own and called through gdbus.
+pkgs+=(libglib2.0-bin dbus-daemon tumbler)
 # The install's validators and the .deb package's library dependencies.
 pkgs+=(desktop-file-utils appstream dpkg-dev file)
 # `make bench` (setup-deps.sh bench): the two peer puzzles whose start-up is measured beside the game, and
