@@ -77,15 +77,18 @@ namespace
 
     // The picture's time in whole seconds, as the standard writes it; a fraction of a second after it, as
     // some thumbnailers add, is read past: the entry is current when its whole seconds are the picture's.
-    bool sameSeconds(const QString &mtime, qint64 seconds)
+    bool sameSeconds(QStringView mtime, qint64 seconds)
     {
-        const qsizetype dot = mtime.indexOf(QLatin1Char('.'));
-        const QStringView fraction = dot < 0 ? QStringView() : QStringView(mtime).mid(dot + 1);
+        if (const qsizetype dot = mtime.indexOf(u'.'); dot >= 0) {
+            const QStringView fraction = mtime.mid(dot + 1);
+            if (fraction.isEmpty() || !std::all_of(fraction.begin(), fraction.end(), [](QChar c) {
+                    return c >= u'0' && c <= u'9';
+                }))
+                return false;
+            mtime = mtime.left(dot);
+        }
         bool ok = false;
-        return QStringView(mtime).left(dot < 0 ? mtime.size() : dot).toLongLong(&ok) == seconds && ok
-            && (dot < 0 || (!fraction.isEmpty() && std::all_of(fraction.begin(), fraction.end(), [](QChar c) {
-                   return c.isDigit();
-               })));
+        return mtime.toLongLong(&ok) == seconds && ok;
     }
 
     bool sameTimeAndSize(const QImage &entry, const Original &picture)
