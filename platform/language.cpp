@@ -12,12 +12,15 @@ namespace
 {
 const QString Folder = QStringLiteral(":/i18n");
 
-// "de_AT.UTF-8@euro" and "de" both name "de"; "C" and "POSIX" name English.
+// "de_AT.UTF-8@euro" names "de_AT", "pt-br" names "pt_BR", "de" names "de"; "C" and "POSIX" name English.
 QString languageOf(const QString &locale)
 {
-    QString code = locale.section(QLatin1Char('.'), 0, 0).section(QLatin1Char('@'), 0, 0);
-    code = code.section(QLatin1Char('_'), 0, 0).section(QLatin1Char('-'), 0, 0).toLower();
-    return code == QLatin1String("c") || code == QLatin1String("posix") ? QStringLiteral("en") : code;
+    const QString name = locale.section(QLatin1Char('.'), 0, 0).section(QLatin1Char('@'), 0, 0);
+    const QString code = name.section(QLatin1Char('_'), 0, 0).section(QLatin1Char('-'), 0, 0).toLower();
+    if (code == QLatin1String("c") || code == QLatin1String("posix"))
+        return QStringLiteral("en");
+    const QString region = name.mid(code.size() + 1).toUpper();
+    return region.isEmpty() ? code : code + QLatin1Char('_') + region;
 }
 
 QString installed;
@@ -29,15 +32,20 @@ namespace language
 {
 QString choose(const std::function<QString(const char *)> &variable, const QStringList &offered)
 {
+    // A region's own translation ("pt_BR") first, else the language's ("de" for "de_AT"); a translation
+    // for one region does not stand in for another ("pt_PT" is not given "pt_BR"), as with gettext.
     const auto match = [&](const QString &locale) {
         const QString code = languageOf(locale);
-        return offered.contains(code) ? code : QString();
+        if (offered.contains(code))
+            return code;
+        const QString general = code.section(QLatin1Char('_'), 0, 0);
+        return offered.contains(general) ? general : QString();
     };
     // A list of preferences: the first the game speaks wins, English among them.
     const QString preferences = variable("LANGUAGE");
     if (!preferences.isEmpty()) {
         for (const QString &entry : preferences.split(QLatin1Char(':'), Qt::SkipEmptyParts)) {
-            if (languageOf(entry) == QLatin1String("en"))
+            if (languageOf(entry).section(QLatin1Char('_'), 0, 0) == QLatin1String("en"))
                 return {};
             if (const QString code = match(entry); !code.isEmpty())
                 return code;

@@ -11,11 +11,11 @@ namespace language
 {
 // The language for an environment: the first language of LANGUAGE (preferences separated by colons) that
 // the game speaks, English among them; else the first of LC_ALL, LC_MESSAGES and LANG that is set. A value
-// such as "de_AT.UTF-8@euro" names "de". Returns one of `offered`, or "" for English, also for "C" and
-// "POSIX" and for a language the game does not speak.
+// such as "de_AT.UTF-8@euro" names "de"; "pt_BR" names "pt_BR", a translation for that region only. Returns
+// one of `offered`, or "" for English, also for "C" and "POSIX" and for a language the game does not speak.
 QString choose(const std::function<QString(const char *)> &variable, const QStringList &offered);
 
-// The languages the game carries translations for, e.g. {"de", "es", "fr"}.
+// The languages the game carries translations for, e.g. {"de", "es", "fr", "it", "pt_BR"}.
 QStringList offered();
 
 // Installs the translations of `code` ("" for English: removes any installed) for the game's texts and

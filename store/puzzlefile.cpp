@@ -113,9 +113,9 @@ namespace
                 return damaged(
                     Texts::tr("%1 holds a tile whose home (%2) is not on the board").arg(where()).arg(home));
             if (!place && i - T >= p.GridN)
-                return damaged(Texts::tr("%1 holds a piece, but the board has only %2 tray boxes")
-                                   .arg(where())
-                                   .arg(p.GridN));
+                return damaged(
+                    Texts::tr("%1 holds a piece, but the board has only %n tray boxes", nullptr, p.GridN)
+                        .arg(where()));
             if (++held[home] > 1)
                 return damaged(Texts::tr("the tile whose home is place %1 is held twice").arg(home));
         }
@@ -129,7 +129,8 @@ namespace
         for (int i = 0; i < T; ++i)
             inPlace += p.Board[i].Home == i;
         if (inPlace != p.InPlace)
-            return damaged(Texts::tr("it counts %1 tiles at home where %2 are").arg(p.InPlace).arg(inPlace));
+            return damaged(
+                Texts::tr("it counts %n tiles at home where %1 are", nullptr, p.InPlace).arg(inPlace));
         return std::nullopt;
     }
 
@@ -137,18 +138,19 @@ namespace
     std::optional<LoadError> checkHeader(const SavedPuzzle &p, qsizetype size, qsizetype pathBytes)
     {
         if (p.GridN < Codes::MinGrid || p.GridN > Codes::MaxGrid)
-            return damaged(Texts::tr("its board has %1 tiles a side, not 2 to 11").arg(p.GridN));
+            return damaged(Texts::tr("its board has %n tiles a side, not 2 to 11", nullptr, p.GridN));
         if (p.TileTotal != p.GridN * p.GridN)
-            return damaged(
-                Texts::tr("it counts %1 places on a board of %2 x %2 tiles").arg(p.TileTotal).arg(p.GridN));
+            return damaged(Texts::tr("it counts %n places on a board of %1 x %1 tiles", nullptr, p.TileTotal)
+                               .arg(p.GridN));
         if (pathBytes == 0)
             return damaged(Texts::tr("it names no picture"));
         if (pathBytes < 0 || HeaderSize + pathBytes > size)
-            return damaged(Texts::tr("its picture path of %1 bytes does not fit in the file").arg(pathBytes));
+            return damaged(
+                Texts::tr("its picture path of %n bytes does not fit in the file", nullptr, int(pathBytes)));
         if (size != fileSize(pathBytes, p.TileTotal))
-            return damaged(Texts::tr("the file is %1 bytes long where its contents take %2")
-                               .arg(size)
-                               .arg(fileSize(pathBytes, p.TileTotal)));
+            return damaged(
+                Texts::tr("the file is %n bytes long where its contents take %1", nullptr, int(size))
+                    .arg(fileSize(pathBytes, p.TileTotal)));
         if (p.PuzType != Codes::Slide && p.PuzType != Codes::Drag)
             return damaged(Texts::tr("its puzzle type is neither S nor D"));
         if (p.GridColor != Codes::WhiteColor && p.GridColor != Codes::BlackColor)

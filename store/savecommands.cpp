@@ -44,7 +44,7 @@ void vxmain::cb_save_Click()
         return;
     const QByteArray bytes = puzzlefile::encode(s);
     const QString error = bytes.isEmpty()
-        ? tr("the picture's path is longer than %1 bytes").arg(puzzlefile::MaxPathBytes)
+        ? tr("the picture's path is longer than %n bytes", nullptr, puzzlefile::MaxPathBytes)
         : puzzlefile::writeWhole(s.PzlFile, bytes);
     if (error.isEmpty())
         m_platform.messages.show(tr("Puzzle Saved"), tr("Saved"), MsgStyle::Information);

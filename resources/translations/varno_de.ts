@@ -33,7 +33,7 @@
     </message>
     <message>
         <source>Try &apos;%1 --help&apos; for more.</source>
-        <translation>Mehr mit „%1 --help“.</translation>
+        <translation>Mehr dazu mit „%1 --help“.</translation>
     </message>
 </context>
 <context>
@@ -56,7 +56,7 @@
     </message>
     <message>
         <source>Delete &apos;%1&apos;</source>
-        <translation>&apos;%1&apos; löschen?</translation>
+        <translation>„%1“ löschen?</translation>
     </message>
     <message>
         <source>Delete Image</source>
@@ -122,63 +122,39 @@
     </message>
     <message>
         <source>%1 holds a tile whose home (%2) is not on the board</source>
-        <translation>%1 enthält ein Teil, dessen Platz (%2) nicht auf dem Brett liegt</translation>
-    </message>
-    <message>
-        <source>%1 holds a piece, but the board has only %2 tray boxes</source>
-        <translation>%1 enthält ein Teil, aber das Brett hat nur %2 Ablagefächer</translation>
+        <translation>%1 enthält ein Teil, dessen richtiger Platz (%2) nicht auf dem Spielfeld liegt</translation>
     </message>
     <message>
         <source>the tile whose home is place %1 is held twice</source>
-        <translation>das Teil für Platz %1 kommt zweimal vor</translation>
+        <translation>Das Teil für Platz %1 kommt zweimal vor</translation>
     </message>
     <message>
         <source>the tile whose home is place %1 is missing</source>
-        <translation>das Teil für Platz %1 fehlt</translation>
+        <translation>Das Teil für Platz %1 fehlt</translation>
     </message>
     <message>
         <source>the blank tile is not on place %1, where the file puts it</source>
-        <translation>das leere Feld liegt nicht auf Platz %1, wo die Datei es angibt</translation>
-    </message>
-    <message>
-        <source>it counts %1 tiles at home where %2 are</source>
-        <translation>es zählt %1 Teile am richtigen Platz, es sind aber %2</translation>
-    </message>
-    <message>
-        <source>its board has %1 tiles a side, not 2 to 11</source>
-        <translation>sein Brett hat %1 Teile pro Seite statt 2 bis 11</translation>
-    </message>
-    <message>
-        <source>it counts %1 places on a board of %2 x %2 tiles</source>
-        <translation>es zählt %1 Plätze auf einem Brett von %2 x %2 Teilen</translation>
+        <translation>Die Lücke liegt nicht auf Platz %1, den die Datei angibt</translation>
     </message>
     <message>
         <source>it names no picture</source>
-        <translation>es nennt kein Bild</translation>
-    </message>
-    <message>
-        <source>its picture path of %1 bytes does not fit in the file</source>
-        <translation>sein Bildpfad von %1 Bytes passt nicht in die Datei</translation>
-    </message>
-    <message>
-        <source>the file is %1 bytes long where its contents take %2</source>
-        <translation>die Datei ist %1 Bytes lang, ihr Inhalt braucht aber %2</translation>
+        <translation>Es ist kein Bild angegeben</translation>
     </message>
     <message>
         <source>its puzzle type is neither S nor D</source>
-        <translation>seine Spielart ist weder S noch D</translation>
+        <translation>Seine Spielart ist weder S noch D</translation>
     </message>
     <message>
         <source>its grid colour is neither white nor black</source>
-        <translation>seine Gitterfarbe ist weder weiß noch schwarz</translation>
+        <translation>Seine Gitterfarbe ist weder weiß noch schwarz</translation>
     </message>
     <message>
         <source>the file ends inside its header</source>
-        <translation>die Datei endet mitten im Kopf</translation>
+        <translation>Die Datei endet mitten im Dateikopf</translation>
     </message>
     <message>
         <source>The saved puzzle does not fit its picture %1: the tile %2 is cut at %3, %4, and its %5 x %6 pixels reach outside the picture, which is %7 x %8 pixels on the board.</source>
-        <translation>Das gespeicherte Puzzle passt nicht zu seinem Bild %1: Das Teil %2 wird bei %3, %4 ausgeschnitten, und seine %5 x %6 Pixel reichen über das Bild hinaus, das auf dem Brett %7 x %8 Pixel groß ist.</translation>
+        <translation>Das gespeicherte Puzzle passt nicht zu seinem Bild %1: Das Teil %2 wird bei %3, %4 ausgeschnitten, und seine %5 x %6 Pixel reichen über das Bild hinaus, das auf dem Spielfeld %7 x %8 Pixel groß ist.</translation>
     </message>
     <message>
         <source>on place %1</source>
@@ -195,6 +171,48 @@
     <message>
         <source>The saved puzzle %1 cannot be read: %2.</source>
         <translation>Das gespeicherte Puzzle %1 kann nicht gelesen werden: %2.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 holds a piece, but the board has only %n tray boxes</source>
+        <translation>
+            <numerusform>%1 enthält ein Teil, aber die Ablage hat nur %n Fach</numerusform>
+            <numerusform>%1 enthält ein Teil, aber die Ablage hat nur %n Fächer</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>it counts %n tiles at home where %1 are</source>
+        <translation>
+            <numerusform>Es zählt %n Teil am richtigen Platz, es sind aber %1</numerusform>
+            <numerusform>Es zählt %n Teile am richtigen Platz, es sind aber %1</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>its board has %n tiles a side, not 2 to 11</source>
+        <translation>
+            <numerusform>Sein Spielfeld hat %n Teil pro Seite statt 2 bis 11</numerusform>
+            <numerusform>Sein Spielfeld hat %n Teile pro Seite statt 2 bis 11</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>it counts %n places on a board of %1 x %1 tiles</source>
+        <translation>
+            <numerusform>Es zählt %n Platz auf einem Spielfeld von %1 x %1 Teilen</numerusform>
+            <numerusform>Es zählt %n Plätze auf einem Spielfeld von %1 x %1 Teilen</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>its picture path of %n bytes does not fit in the file</source>
+        <translation>
+            <numerusform>Sein Bildpfad von %n Byte passt nicht in die Datei</numerusform>
+            <numerusform>Sein Bildpfad von %n Bytes passt nicht in die Datei</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>the file is %n bytes long where its contents take %1</source>
+        <translation>
+            <numerusform>Die Datei ist %n Byte lang, ihr Inhalt braucht aber %1</numerusform>
+            <numerusform>Die Datei ist %n Bytes lang, ihr Inhalt braucht aber %1</numerusform>
+        </translation>
     </message>
 </context>
 <context>
@@ -224,7 +242,7 @@
     </message>
     <message>
         <source>Open Saved Game</source>
-        <translation>Gespeichertes Spiel öffnen</translation>
+        <translation>Gespeichertes Spiel laden</translation>
     </message>
     <message>
         <source>Save Current Game</source>
@@ -236,7 +254,7 @@
     </message>
     <message>
         <source>Set Grid Color</source>
-        <translation>Gitterfarbe wählen</translation>
+        <translation>Gitterfarbe wechseln</translation>
     </message>
     <message>
         <source>Set Number of Tiles</source>
@@ -280,15 +298,11 @@
     </message>
     <message>
         <source>The picture %1 is too narrow or too flat for a board of %2 x %2 tiles.</source>
-        <translation>Das Bild %1 ist zu schmal oder zu flach für ein Brett von %2 x %2 Teilen.</translation>
+        <translation>Das Bild %1 ist zu schmal oder zu flach für ein Spielfeld von %2 x %2 Teilen.</translation>
     </message>
     <message>
         <source>Open - ERROR</source>
         <translation>Öffnen - FEHLER</translation>
-    </message>
-    <message>
-        <source>the picture&apos;s path is longer than %1 bytes</source>
-        <translation>der Pfad des Bildes ist länger als %1 Bytes</translation>
     </message>
     <message>
         <source>Puzzle Saved</source>
@@ -320,12 +334,12 @@
     </message>
     <message>
         <source>Save on Exit</source>
-        <translation>Speichern beim Beenden</translation>
+        <translation>Beim Beenden speichern</translation>
     </message>
     <message>
         <source>Changing the Puzzle Type will Clear the Current Puzzle
 Do You Wish to Change Type</source>
-        <translation>Wenn Sie die Spielart wechseln, wird das aktuelle Puzzle gelöscht.
+        <translation>Wenn Sie die Spielart wechseln, wird das aktuelle Puzzle verworfen.
 Möchten Sie die Spielart wechseln?</translation>
     </message>
     <message>
@@ -351,6 +365,13 @@ Möchten Sie die Spielart wechseln?</translation>
     <message>
         <source>Varno</source>
         <translation>Varno</translation>
+    </message>
+    <message numerus="yes">
+        <source>the picture&apos;s path is longer than %n bytes</source>
+        <translation>
+            <numerusform>Der Pfad des Bildes ist länger als %n Byte</numerusform>
+            <numerusform>Der Pfad des Bildes ist länger als %n Bytes</numerusform>
+        </translation>
     </message>
 </context>
 </TS>

@@ -56,7 +56,7 @@
     </message>
     <message>
         <source>Delete &apos;%1&apos;</source>
-        <translation>¿Eliminar &apos;%1&apos;?</translation>
+        <translation>¿Eliminar «%1»?</translation>
     </message>
     <message>
         <source>Delete Image</source>
@@ -114,7 +114,7 @@
     </message>
     <message>
         <source>tray box %1</source>
-        <translation>la caja de reserva %1</translation>
+        <translation>la casilla %1 de la bandeja</translation>
     </message>
     <message>
         <source>%1 is empty in a slide puzzle</source>
@@ -123,10 +123,6 @@
     <message>
         <source>%1 holds a tile whose home (%2) is not on the board</source>
         <translation>%1 contiene una pieza cuyo sitio (%2) no está en el tablero</translation>
-    </message>
-    <message>
-        <source>%1 holds a piece, but the board has only %2 tray boxes</source>
-        <translation>%1 contiene una pieza, pero el tablero solo tiene %2 cajas de reserva</translation>
     </message>
     <message>
         <source>the tile whose home is place %1 is held twice</source>
@@ -138,35 +134,15 @@
     </message>
     <message>
         <source>the blank tile is not on place %1, where the file puts it</source>
-        <translation>la pieza vacía no está en la casilla %1, donde la pone el archivo</translation>
-    </message>
-    <message>
-        <source>it counts %1 tiles at home where %2 are</source>
-        <translation>cuenta %1 piezas en su sitio cuando hay %2</translation>
-    </message>
-    <message>
-        <source>its board has %1 tiles a side, not 2 to 11</source>
-        <translation>su tablero tiene %1 piezas por lado, no de 2 a 11</translation>
-    </message>
-    <message>
-        <source>it counts %1 places on a board of %2 x %2 tiles</source>
-        <translation>cuenta %1 casillas en un tablero de %2 x %2 piezas</translation>
+        <translation>el hueco no está en la casilla %1, donde lo pone el archivo</translation>
     </message>
     <message>
         <source>it names no picture</source>
-        <translation>no nombra ninguna imagen</translation>
-    </message>
-    <message>
-        <source>its picture path of %1 bytes does not fit in the file</source>
-        <translation>su ruta de imagen de %1 bytes no cabe en el archivo</translation>
-    </message>
-    <message>
-        <source>the file is %1 bytes long where its contents take %2</source>
-        <translation>el archivo mide %1 bytes cuando su contenido ocupa %2</translation>
+        <translation>no indica ninguna imagen</translation>
     </message>
     <message>
         <source>its puzzle type is neither S nor D</source>
-        <translation>su tipo de puzzle no es ni S ni D</translation>
+        <translation>su tipo de juego no es ni S ni D</translation>
     </message>
     <message>
         <source>its grid colour is neither white nor black</source>
@@ -186,7 +162,7 @@
     </message>
     <message>
         <source>in tray box %1</source>
-        <translation>de la caja de reserva %1</translation>
+        <translation>de la casilla %1 de la bandeja</translation>
     </message>
     <message>
         <source>The saved puzzle %1 cannot be opened: %2.</source>
@@ -195,6 +171,48 @@
     <message>
         <source>The saved puzzle %1 cannot be read: %2.</source>
         <translation>No se puede leer el puzzle guardado %1: %2.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 holds a piece, but the board has only %n tray boxes</source>
+        <translation>
+            <numerusform>%1 contiene una pieza, pero la bandeja solo tiene %n casilla</numerusform>
+            <numerusform>%1 contiene una pieza, pero la bandeja solo tiene %n casillas</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>it counts %n tiles at home where %1 are</source>
+        <translation>
+            <numerusform>cuenta %n pieza en su sitio cuando hay %1</numerusform>
+            <numerusform>cuenta %n piezas en su sitio cuando hay %1</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>its board has %n tiles a side, not 2 to 11</source>
+        <translation>
+            <numerusform>su tablero tiene %n pieza por lado, no de 2 a 11</numerusform>
+            <numerusform>su tablero tiene %n piezas por lado, no de 2 a 11</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>it counts %n places on a board of %1 x %1 tiles</source>
+        <translation>
+            <numerusform>cuenta %n casilla en un tablero de %1 x %1 piezas</numerusform>
+            <numerusform>cuenta %n casillas en un tablero de %1 x %1 piezas</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>its picture path of %n bytes does not fit in the file</source>
+        <translation>
+            <numerusform>su ruta de imagen de %n byte no cabe en el archivo</numerusform>
+            <numerusform>su ruta de imagen de %n bytes no cabe en el archivo</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>the file is %n bytes long where its contents take %1</source>
+        <translation>
+            <numerusform>el archivo mide %n byte cuando su contenido ocupa %1</numerusform>
+            <numerusform>el archivo mide %n bytes cuando su contenido ocupa %1</numerusform>
+        </translation>
     </message>
 </context>
 <context>
@@ -205,7 +223,7 @@
     </message>
     <message>
         <source>&amp;Resize</source>
-        <translation>&amp;Cambiar</translation>
+        <translation>&amp;Redimensionar</translation>
     </message>
     <message>
         <source>&amp;Cancel</source>
@@ -224,7 +242,7 @@
     </message>
     <message>
         <source>Open Saved Game</source>
-        <translation>Abrir partida guardada</translation>
+        <translation>Cargar partida guardada</translation>
     </message>
     <message>
         <source>Save Current Game</source>
@@ -236,7 +254,7 @@
     </message>
     <message>
         <source>Set Grid Color</source>
-        <translation>Color de la cuadrícula</translation>
+        <translation>Cambiar color de la cuadrícula</translation>
     </message>
     <message>
         <source>Set Number of Tiles</source>
@@ -268,7 +286,7 @@
     </message>
     <message>
         <source>Click Image Continue To Game</source>
-        <translation>Haga clic en la imagen para seguir jugando</translation>
+        <translation>Haz clic en la imagen para seguir jugando</translation>
     </message>
     <message>
         <source>Picture Tile Puzzle</source>
@@ -276,7 +294,7 @@
     </message>
     <message>
         <source>Click Here To Close Help</source>
-        <translation>Haga clic aquí para cerrar la ayuda</translation>
+        <translation>Haz clic aquí para cerrar la ayuda</translation>
     </message>
     <message>
         <source>The picture %1 is too narrow or too flat for a board of %2 x %2 tiles.</source>
@@ -285,10 +303,6 @@
     <message>
         <source>Open - ERROR</source>
         <translation>Abrir - ERROR</translation>
-    </message>
-    <message>
-        <source>the picture&apos;s path is longer than %1 bytes</source>
-        <translation>la ruta de la imagen tiene más de %1 bytes</translation>
     </message>
     <message>
         <source>Puzzle Saved</source>
@@ -325,12 +339,12 @@
     <message>
         <source>Changing the Puzzle Type will Clear the Current Puzzle
 Do You Wish to Change Type</source>
-        <translation>Cambiar el tipo de puzzle borra el puzzle actual.
-¿Desea cambiar el tipo?</translation>
+        <translation>Cambiar el tipo de juego descarta el puzzle actual.
+¿Quieres cambiar el tipo de juego?</translation>
     </message>
     <message>
         <source>Change Puzzle Type</source>
-        <translation>Cambiar tipo de puzzle</translation>
+        <translation>Cambiar tipo de juego</translation>
     </message>
     <message>
         <source>Graphic Files(*.jpg;*.gif;*.bmp)</source>
@@ -351,6 +365,13 @@ Do You Wish to Change Type</source>
     <message>
         <source>Varno</source>
         <translation>Varno</translation>
+    </message>
+    <message numerus="yes">
+        <source>the picture&apos;s path is longer than %n bytes</source>
+        <translation>
+            <numerusform>la ruta de la imagen tiene más de %n byte</numerusform>
+            <numerusform>la ruta de la imagen tiene más de %n bytes</numerusform>
+        </translation>
     </message>
 </context>
 </TS>

@@ -13,7 +13,7 @@
     </message>
     <message>
         <source>Varno, a picture tile puzzle: scramble a picture into tiles and put it together again.</source>
-        <translation>Varno, un puzzle d&apos;images : mélangez une image découpée en pièces et reconstituez-la.</translation>
+        <translation>Varno, un puzzle d&apos;images&#xa0;: mélangez une image découpée en pièces et reconstituez-la.</translation>
     </message>
     <message>
         <source>picture</source>
@@ -33,14 +33,14 @@
     </message>
     <message>
         <source>Try &apos;%1 --help&apos; for more.</source>
-        <translation>Essayez « %1 --help » pour en savoir plus.</translation>
+        <translation>Essayez «&#x202f;%1 --help&#x202f;» pour en savoir plus.</translation>
     </message>
 </context>
 <context>
     <name>libfrm</name>
     <message>
         <source>&amp;Add Image</source>
-        <translation>&amp;Ajouter une image</translation>
+        <translation>A&amp;jouter une image</translation>
     </message>
     <message>
         <source>Picture Library</source>
@@ -56,7 +56,7 @@
     </message>
     <message>
         <source>Delete &apos;%1&apos;</source>
-        <translation>Supprimer « %1 » ?</translation>
+        <translation>Supprimer «&#x202f;%1&#x202f;»&#x202f;?</translation>
     </message>
     <message>
         <source>Delete Image</source>
@@ -91,7 +91,7 @@
     </message>
     <message>
         <source>The picture %1 is too large (%2 x %3 pixels); pictures of up to 100 million pixels can be opened.</source>
-        <translation>L&apos;image %1 est trop grande (%2 x %3 pixels) ; on peut ouvrir des images d&apos;au plus 100 millions de pixels.</translation>
+        <translation>L&apos;image %1 est trop grande (%2 x %3 pixels)&#x202f;; on peut ouvrir des images d&apos;au plus 100 millions de pixels.</translation>
     </message>
     <message>
         <source>The picture file %1 is incomplete and cannot be read.</source>
@@ -106,15 +106,15 @@
     <name>puzzlefile</name>
     <message>
         <source>The saved puzzle is damaged: %1.</source>
-        <translation>Le puzzle enregistré est endommagé : %1.</translation>
+        <translation>Le puzzle enregistré est endommagé&#xa0;: %1.</translation>
     </message>
     <message>
         <source>place %1</source>
-        <translation>la place %1</translation>
+        <translation>la case %1</translation>
     </message>
     <message>
         <source>tray box %1</source>
-        <translation>la case de réserve %1</translation>
+        <translation>la case %1 de la réserve</translation>
     </message>
     <message>
         <source>%1 is empty in a slide puzzle</source>
@@ -125,48 +125,24 @@
         <translation>%1 contient une pièce dont la place (%2) n&apos;est pas sur le plateau</translation>
     </message>
     <message>
-        <source>%1 holds a piece, but the board has only %2 tray boxes</source>
-        <translation>%1 contient une pièce, mais le plateau n&apos;a que %2 cases de réserve</translation>
-    </message>
-    <message>
         <source>the tile whose home is place %1 is held twice</source>
-        <translation>la pièce de la place %1 figure deux fois</translation>
+        <translation>la pièce qui va sur la case %1 figure deux fois</translation>
     </message>
     <message>
         <source>the tile whose home is place %1 is missing</source>
-        <translation>la pièce de la place %1 manque</translation>
+        <translation>il manque la pièce qui va sur la case %1</translation>
     </message>
     <message>
         <source>the blank tile is not on place %1, where the file puts it</source>
-        <translation>la case vide n&apos;est pas à la place %1, où le fichier la met</translation>
-    </message>
-    <message>
-        <source>it counts %1 tiles at home where %2 are</source>
-        <translation>il compte %1 pièces bien placées alors qu&apos;il y en a %2</translation>
-    </message>
-    <message>
-        <source>its board has %1 tiles a side, not 2 to 11</source>
-        <translation>son plateau a %1 pièces de côté, et non 2 à 11</translation>
-    </message>
-    <message>
-        <source>it counts %1 places on a board of %2 x %2 tiles</source>
-        <translation>il compte %1 places sur un plateau de %2 x %2 pièces</translation>
+        <translation>la case vide n&apos;est pas la case %1 indiquée par le fichier</translation>
     </message>
     <message>
         <source>it names no picture</source>
-        <translation>il ne nomme aucune image</translation>
-    </message>
-    <message>
-        <source>its picture path of %1 bytes does not fit in the file</source>
-        <translation>son chemin d&apos;image de %1 octets ne tient pas dans le fichier</translation>
-    </message>
-    <message>
-        <source>the file is %1 bytes long where its contents take %2</source>
-        <translation>le fichier fait %1 octets alors que son contenu en occupe %2</translation>
+        <translation>aucune image n&apos;est indiquée</translation>
     </message>
     <message>
         <source>its puzzle type is neither S nor D</source>
-        <translation>son type de puzzle n&apos;est ni S ni D</translation>
+        <translation>son type de jeu n&apos;est ni S ni D</translation>
     </message>
     <message>
         <source>its grid colour is neither white nor black</source>
@@ -178,23 +154,65 @@
     </message>
     <message>
         <source>The saved puzzle does not fit its picture %1: the tile %2 is cut at %3, %4, and its %5 x %6 pixels reach outside the picture, which is %7 x %8 pixels on the board.</source>
-        <translation>Le puzzle enregistré ne correspond pas à son image %1 : la pièce %2 est découpée en %3, %4, et ses %5 x %6 pixels dépassent de l&apos;image, qui fait %7 x %8 pixels sur le plateau.</translation>
+        <translation>Le puzzle enregistré ne correspond pas à son image %1&#xa0;: la pièce %2 est découpée en %3, %4, et ses %5 x %6 pixels dépassent de l&apos;image, qui fait %7 x %8 pixels sur le plateau.</translation>
     </message>
     <message>
         <source>on place %1</source>
-        <translation>de la place %1</translation>
+        <translation>de la case %1</translation>
     </message>
     <message>
         <source>in tray box %1</source>
-        <translation>de la case de réserve %1</translation>
+        <translation>de la case %1 de la réserve</translation>
     </message>
     <message>
         <source>The saved puzzle %1 cannot be opened: %2.</source>
-        <translation>Le puzzle enregistré %1 ne peut pas être ouvert : %2.</translation>
+        <translation>Le puzzle enregistré %1 ne peut pas être ouvert&#xa0;: %2.</translation>
     </message>
     <message>
         <source>The saved puzzle %1 cannot be read: %2.</source>
-        <translation>Le puzzle enregistré %1 ne peut pas être lu : %2.</translation>
+        <translation>Le puzzle enregistré %1 ne peut pas être lu&#xa0;: %2.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 holds a piece, but the board has only %n tray boxes</source>
+        <translation>
+            <numerusform>%1 contient une pièce, mais la réserve n&apos;a que %n case</numerusform>
+            <numerusform>%1 contient une pièce, mais la réserve n&apos;a que %n cases</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>it counts %n tiles at home where %1 are</source>
+        <translation>
+            <numerusform>il compte %n pièce bien placée alors qu&apos;il y en a %1</numerusform>
+            <numerusform>il compte %n pièces bien placées alors qu&apos;il y en a %1</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>its board has %n tiles a side, not 2 to 11</source>
+        <translation>
+            <numerusform>son plateau a %n pièce de côté, et non 2 à 11</numerusform>
+            <numerusform>son plateau a %n pièces de côté, et non 2 à 11</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>it counts %n places on a board of %1 x %1 tiles</source>
+        <translation>
+            <numerusform>il compte %n case sur un plateau de %1 x %1 pièces</numerusform>
+            <numerusform>il compte %n cases sur un plateau de %1 x %1 pièces</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>its picture path of %n bytes does not fit in the file</source>
+        <translation>
+            <numerusform>son chemin d&apos;image de %n octet ne tient pas dans le fichier</numerusform>
+            <numerusform>son chemin d&apos;image de %n octets ne tient pas dans le fichier</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>the file is %n bytes long where its contents take %1</source>
+        <translation>
+            <numerusform>le fichier fait %n octet alors que son contenu en occupe %1</numerusform>
+            <numerusform>le fichier fait %n octets alors que son contenu en occupe %1</numerusform>
+        </translation>
     </message>
 </context>
 <context>
@@ -224,7 +242,7 @@
     </message>
     <message>
         <source>Open Saved Game</source>
-        <translation>Ouvrir la partie enregistrée</translation>
+        <translation>Charger la partie enregistrée</translation>
     </message>
     <message>
         <source>Save Current Game</source>
@@ -236,7 +254,7 @@
     </message>
     <message>
         <source>Set Grid Color</source>
-        <translation>Couleur de la grille</translation>
+        <translation>Changer la couleur de la grille</translation>
     </message>
     <message>
         <source>Set Number of Tiles</source>
@@ -287,10 +305,6 @@
         <translation>Ouvrir - ERREUR</translation>
     </message>
     <message>
-        <source>the picture&apos;s path is longer than %1 bytes</source>
-        <translation>le chemin de l&apos;image dépasse %1 octets</translation>
-    </message>
-    <message>
         <source>Puzzle Saved</source>
         <translation>Puzzle enregistré</translation>
     </message>
@@ -300,7 +314,7 @@
     </message>
     <message>
         <source>The puzzle cannot be saved in %1: %2.</source>
-        <translation>Le puzzle ne peut pas être enregistré dans %1 : %2.</translation>
+        <translation>Le puzzle ne peut pas être enregistré dans %1&#xa0;: %2.</translation>
     </message>
     <message>
         <source>Save - ERROR</source>
@@ -316,7 +330,7 @@
     </message>
     <message>
         <source>Save Current Puzzle</source>
-        <translation>Enregistrer le puzzle en cours ?</translation>
+        <translation>Enregistrer le puzzle en cours&#x202f;?</translation>
     </message>
     <message>
         <source>Save on Exit</source>
@@ -325,12 +339,12 @@
     <message>
         <source>Changing the Puzzle Type will Clear the Current Puzzle
 Do You Wish to Change Type</source>
-        <translation>Changer le type de puzzle efface le puzzle en cours.
-Voulez-vous changer de type ?</translation>
+        <translation>Changer le type de jeu efface le puzzle en cours.
+Voulez-vous changer le type de jeu&#x202f;?</translation>
     </message>
     <message>
         <source>Change Puzzle Type</source>
-        <translation>Changer le type de puzzle</translation>
+        <translation>Changer le type de jeu</translation>
     </message>
     <message>
         <source>Graphic Files(*.jpg;*.gif;*.bmp)</source>
@@ -351,6 +365,13 @@ Voulez-vous changer de type ?</translation>
     <message>
         <source>Varno</source>
         <translation>Varno</translation>
+    </message>
+    <message numerus="yes">
+        <source>the picture&apos;s path is longer than %n bytes</source>
+        <translation>
+            <numerusform>le chemin de l&apos;image dépasse %n octet</numerusform>
+            <numerusform>le chemin de l&apos;image dépasse %n octets</numerusform>
+        </translation>
     </message>
 </context>
 </TS>

@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
-# The installed game: the install passes the desktop validators; the .deb unpacked into a scratch root
-# starts from its menu entry under Xvfb, seeds the player's library and writes nothing beside itself.
+# The installed game: the install passes the desktop validators; the .deb passes lintian, is offered by
+# GLib for the pictures it opens without taking them over, and unpacked into a scratch root starts from its
+# menu entry under Xvfb, seeds the player's library and writes nothing beside itself.
 set -euo pipefail
 build=$1
 work=$(mktemp -d "${TMPDIR:-/tmp}/installed-XXXXXX")
@@ -10,6 +11,8 @@ fail() { echo "FAIL: $*" >&2; exit 1; }
 
 DESTDIR=$work/stage cmake --install "$build" --prefix /usr >/dev/null
 share=$work/stage/usr/share
+# Only the package keeps the program in games/, as Debian does; a plain install puts it on every system's path.
+[ -x "$work/stage/usr/bin/varno" ] && [ ! -e "$work/stage/usr/games" ] || fail "the plain install's program"
 desktop-file-validate "$share/applications/org.varno.varno.desktop"
 appstreamcli validate --no-net "$share/metainfo/org.varno.varno.metainfo.xml"
 for size in 16 24 32 48 64 128 256; do
@@ -24,10 +27,18 @@ deb=$(ls "$work"/pkg/varno_*.deb)
 for dep in $(dpkg-deb -f "$deb" Depends | tr ',' '\n' | sed 's/(.*)//; s/|.*//'); do
     dpkg-query -W -f='${Status}\n' "$dep" | grep -q "install ok installed" || fail "dependency $dep"
 done
+lintian --fail-on error,warning "$deb" || fail "lintian"
 dpkg-deb -x "$deb" "$work/root"
+[ -z "$(find "$work/root" -name '*mimeapps.list' -o -name defaults.list)" ] || fail "the game made a default"
 
-# The menu entry's command, found on the path of the scratch root.
-exec_cmd=$(sed -n 's/^Exec=//p' "$work/root/usr/share/applications/org.varno.varno.desktop")
+# "Open With": GLib offers an entry for a type only when its program is on the path.
+entry=$work/root/usr/share/applications/org.varno.varno.desktop
+update-desktop-database "$(dirname "$entry")"
+for type in image/jpeg image/gif image/bmp; do
+    env -i PATH="$work/root/usr/games:$PATH" HOME="$work/home" XDG_DATA_DIRS="$work/root/usr/share" LC_ALL=C \
+        gio mime "$type" | sed -n '/^Registered/,/^[^\t]/p' | grep -qx $'\torg.varno.varno.desktop' ||
+        fail "not offered for $type"
+done
 # Without -noreset the server resets whenever its last client leaves (a query, the first game), and a
 # game that connects during the reset finds no server.
 Xvfb -displayfd 3 -screen 0 1024x768x24 -nolisten tcp -noreset 3>"$work/display" 2>"$work/xvfb.log" &
@@ -38,22 +49,28 @@ export DISPLAY=":$(cat "$work/display")"
 # The game is started only once the server answers: a start that finds no server is not the game's fault.
 for _ in $(seq 50); do xdotool getdisplaygeometry >/dev/null 2>&1 && break; sleep 0.1; done
 xdotool getdisplaygeometry >/dev/null 2>&1 || fail "Xvfb on $DISPLAY does not answer: $(cat "$work/xvfb.log")"
+# Started as a menu starts it: GLib reads the entry and finds its program on the scratch root's path.
 start() {
-    env -i PATH="$work/root/usr/bin:$PATH" HOME="$work/home" DISPLAY="$DISPLAY" QT_QPA_PLATFORM=xcb $exec_cmd &
-    game=$!
-    pids+=($game)
+    env -i PATH="$work/root/usr/games:$PATH" HOME="$work/home" DISPLAY="$DISPLAY" QT_QPA_PLATFORM=xcb LC_ALL=C \
+        gio launch "$entry" "$@"
     for _ in $(seq 100); do xdotool search --onlyvisible --class varno >/dev/null 2>&1 && break; sleep 0.1; done
-    xdotool search --onlyvisible --class varno >/dev/null || fail "no window; Xvfb said: $(cat "$work/xvfb.log")"
-    kill -0 "$game" || fail "the game ended"
+    game=$(xdotool search --onlyvisible --class varno getwindowpid) ||
+        fail "no window; Xvfb said: $(cat "$work/xvfb.log")"
+    pids+=($game)
 }
 lib=$work/home/.local/share/varno/varno/lib
 start
 [ "$(ls "$lib")" = "$(ls "$work/root/usr/share/varno/lib")" ] || fail "library not seeded: $(ls "$lib")"
-[ "$(ls -A "$work/root/usr/bin")" = "varno" ] || fail "files beside the program: $(ls -A "$work/root/usr/bin")"
+[ "$(ls -A "$work/root/usr/games")" = "varno" ] || fail "files beside the program: $(ls -A "$work/root/usr/games")"
 # A starter picture the player deleted does not come back at the next start.
-kill "$game"; wait "$game" 2>/dev/null || true
+kill "$game"
+for _ in $(seq 50); do kill -0 "$game" 2>/dev/null || break; sleep 0.1; done
 gone=$(ls "$lib" | head -n 1)
 rm "$lib/$gone"
-start
+# "Open With" hands the game the file, which it opens as Open Image would: this one it refuses.
+echo "not a picture" >"$work/Not a picture.jpg"
+start "$work/Not a picture.jpg"
 [ ! -e "$lib/$gone" ] || fail "$gone came back"
+for _ in $(seq 100); do xdotool search --onlyvisible --name "^Open - ERROR$" >/dev/null && break; sleep 0.1; done
+xdotool search --onlyvisible --name "^Open - ERROR$" >/dev/null || fail "the file from Open With was not opened"
 echo "1 passed, 0 failed"

@@ -3,11 +3,13 @@
 #include "game.h"
 #include "help/helppicture.h"
 #include "platform/language.h"
+#include "platform/qtservices.h"
 
 #include <QAbstractButton>
 #include <QDialog>
 #include <QRegularExpression>
 #include <QTest>
+#include <QTimer>
 #include <QXmlStreamReader>
 
 namespace
@@ -31,10 +33,22 @@ QStringList clipped(const QWidget &window)
     return out;
 }
 
-// What a translation keeps of its English text: its arguments, access key and line breaks.
+// The access keys that two or more buttons of a window take, as "Alt+A".
+QStringList sharedKeys(const QWidget &window)
+{
+    QStringList keys, out;
+    for (const QAbstractButton *b : window.findChildren<QAbstractButton *>())
+        keys << QKeySequence::mnemonic(b->text()).toString();
+    for (const QString &key : keys)
+        if (!key.isEmpty() && keys.count(key) > 1 && !out.contains(key))
+            out << key;
+    return out;
+}
+
+// What a translation keeps of its English text: its arguments, count, access key and line breaks.
 QString kept(const QString &text)
 {
-    static const QRegularExpression marks(QStringLiteral("%\\d|&|\n"));
+    static const QRegularExpression marks(QStringLiteral("%[\\dn]|&|\n"));
     QStringList found;
     for (const auto &m : marks.globalMatch(text))
         found << m.captured();
@@ -42,21 +56,38 @@ QString kept(const QString &text)
     return found.join(QLatin1Char(' '));
 }
 
-// Every source and its translation in a language's .ts file.
-QList<QPair<QString, QString>> translations(const QString &code)
+// A text of a language's .ts file: its English source and its translation, or its plural forms.
+struct Message {
+    QString source;
+    QStringList translations;
+    bool plural = false;
+};
+
+QList<Message> translations(const QString &code)
 {
     QFile ts(QStringLiteral(VARNO_SOURCE "/resources/translations/varno_%1.ts").arg(code));
-    QList<QPair<QString, QString>> out;
+    QList<Message> out;
     if (!ts.open(QIODevice::ReadOnly))
         return out;
     QXmlStreamReader xml(&ts);
-    while (!xml.atEnd())
-        if (xml.readNext() == QXmlStreamReader::StartElement && xml.name() == QLatin1String("source"))
-            out.append({ xml.readElementText(), QString() });
-        else if (xml.isStartElement() && xml.name() == QLatin1String("translation") && !out.isEmpty())
-            out.last().second = xml.readElementText();
+    while (!xml.atEnd()) {
+        if (xml.readNext() != QXmlStreamReader::StartElement)
+            continue;
+        if (xml.name() == QLatin1String("message"))
+            out.append({ {}, {}, xml.attributes().value(QLatin1String("numerus")) == QLatin1String("yes") });
+        else if (xml.name() == QLatin1String("source"))
+            out.last().source = xml.readElementText();
+        else if ((xml.name() == QLatin1String("translation") && !out.last().plural)
+            || xml.name() == QLatin1String("numerusform"))
+            out.last().translations << xml.readElementText();
+    }
     return out;
 }
+
+// A number of tiles, places, bytes... as its argument: a count that needs the plural forms of %n. A
+// size such as "%2 x %3 pixels" is a measure, and a place such as "place %1" a name.
+const QRegularExpression Counted(
+    QStringLiteral("(?<!x )%\\d (\\w+ )?(tiles|pieces|places|boxes|bytes|pixels|pictures|rows|columns)\\b"));
 } // namespace
 
 class LanguageTest : public QObject
@@ -79,12 +110,14 @@ private slots:
         QTest::newRow("LC_ALL over both")
             << QStringList { "LANG=de_DE", "LC_MESSAGES=fr_FR", "LC_ALL=es_ES.UTF-8" } << "es";
         QTest::newRow("C locale") << QStringList { "LC_ALL=C.UTF-8", "LANG=de_DE" } << "";
-        QTest::newRow("unknown language") << QStringList { "LANG=pt_BR.UTF-8" } << "";
+        QTest::newRow("unknown language") << QStringList { "LANG=nl_NL.UTF-8" } << "";
+        QTest::newRow("a region's own") << QStringList { "LANG=pt_BR.UTF-8" } << "pt_BR";
+        QTest::newRow("not another region's") << QStringList { "LANG=pt_PT.UTF-8" } << "";
         QTest::newRow("LANGUAGE's first known")
-            << QStringList { "LANGUAGE=it:es_MX:fr", "LANG=de_DE" } << "es";
+            << QStringList { "LANGUAGE=nl:pt_PT:es_MX:pt_BR", "LANG=de_DE" } << "es";
         QTest::newRow("English preferred") << QStringList { "LANGUAGE=en_GB:de", "LANG=de_DE" } << "";
         QTest::newRow("LANGUAGE of none known")
-            << QStringList { "LANGUAGE=it:pt", "LANG=fr_FR.UTF-8" } << "fr";
+            << QStringList { "LANGUAGE=nl:pt", "LANG=fr_FR.UTF-8" } << "fr";
         QTest::newRow("empty LANGUAGE") << QStringList { "LANGUAGE=", "LANG=es_ES" } << "es";
     }
     void choosesFromLocale()
@@ -115,24 +148,44 @@ private slots:
         QVERIFY(language::install(code));
         QCOMPARE(language::current(), code);
 
-        // Each translation keeps what its text carries; English has none.
+        // Each translation keeps what its text carries, each plural form too; English has none. A text
+        // with a count has plural forms ("1 tiles" is no word in any language).
         const auto all = translations(code);
         QCOMPARE(all.size() > 50, !code.isEmpty());
-        for (const auto &[source, translation] : all)
-            QCOMPARE(kept(translation), kept(source));
+        for (const Message &m : all) {
+            QVERIFY2(m.plural || !Counted.match(m.source).hasMatch(), qPrintable(m.source));
+            QCOMPARE(m.translations.size() > 1, m.plural);
+            for (const QString &translation : m.translations)
+                QCOMPARE(kept(translation), kept(m.source));
+        }
 
-        // Every text fits its control, in the control's font, in the game and in its two dialogs.
+        // Every text fits its control, in the control's font, and no two buttons of a window share an
+        // access key: in the game, its two dialogs and its two kinds of message box, whose Yes and No
+        // are Qt's own, in the language too.
         Game g;
-        QCOMPARE(clipped(g.w).join(" | "), QString());
+        QCOMPARE((clipped(g.w) + sharedKeys(g.w)).join(" | "), QString());
         const QString close = QCoreApplication::translate("vxmain", "Click Here To Close Help");
         QVERIFY(QFontMetrics(g.w.hlpdoc->font()).horizontalAdvance(close) <= 590);
         QStringList dialogs;
-        g.tp.modals.script = [&](QDialog &d) { dialogs << d.windowTitle() << clipped(d); };
+        g.tp.modals.script = [&](QDialog &d) { dialogs << d.windowTitle() << clipped(d) << sharedKeys(d); };
         g.w.cb_lib_Click();
         g.w.cb_resize_Click();
         QCOMPARE(dialogs.join(" | "),
             QCoreApplication::translate("libfrm", "Picture Library") + " | "
                 + QCoreApplication::translate("rzfrm", "Puzzle Size"));
+        QStringList boxes;
+        for (const int style : { MsgStyle::YesNoQuestion, MsgStyle::Critical }) {
+            QTimer::singleShot(0, [&] {
+                QWidget *box = QApplication::activeModalWidget();
+                boxes << sharedKeys(*box);
+                for (const QAbstractButton *b : box->findChildren<QAbstractButton *>())
+                    boxes << b->text();
+                box->close();
+            });
+            QtMessageBoxes(&g.w).show(QStringLiteral("?"), QStringLiteral("?"), style);
+        }
+        QCOMPARE(boxes.size(), 3);
+        QCOMPARE(boxes.contains(QStringLiteral("&Yes")), code.isEmpty());
 
         // The help is the language's own, and every line fits at the English help's text size.
         QCOMPARE(drawHelpPicture(help, 19), englishPixels);
