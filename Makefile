@@ -1,6 +1,7 @@
 # Front door: `make` builds, `make run` starts the game, `make test` runs every test, `make bench` measures,
 # `make screenshot` photographs the game in play for the README.
-# `make fuzz` fuzzes the puzzle file reader, then the picture path, each for FUZZ_SECONDS seconds on one core.
+# `make fuzz` fuzzes the puzzle file reader, then the picture path, then the thumbnail cache's entry reader,
+# each for FUZZ_SECONDS seconds on one core.
 BUILD ?= build
 JOBS ?= $(shell nproc)
 
@@ -115,6 +116,15 @@ fuzz: build
 	mkdir -p $(FUZZ_BUILD)/picture-corpus
 	cd $(FUZZ_BUILD) && ./fuzz_picture -max_total_time=$(FUZZ_SECONDS) -jobs=1 -workers=1 -timeout=30 \
 		-rss_limit_mb=3072 -max_len=40000 -print_final_stats=1 picture-corpus picture-seeds
+	# Entries of the thumbnail cache, seeded with those its own writer makes (the target writes them when asked)
+	# and with every entry the fuzzer once found a fault with.
+	# No entry needs more than a few megabytes: a larger allocation is a claim in the bytes believed. libpng's
+	# line on every broken input goes: the fuzzer's own output and the sanitizers' reports stay.
+	mkdir -p $(FUZZ_BUILD)/thumb-seeds $(FUZZ_BUILD)/thumb-corpus
+	cp fuzz/findings/*.png $(FUZZ_BUILD)/thumb-seeds/
+	cd $(FUZZ_BUILD) && VARNO_FUZZ_SEEDS=thumb-seeds ./fuzz_thumbentry -max_total_time=$(FUZZ_SECONDS) -jobs=1 \
+		-workers=1 -timeout=30 -rss_limit_mb=3072 -malloc_limit_mb=64 -close_fd_mask=2 -max_len=40000 \
+		-print_final_stats=1 thumb-corpus thumb-seeds
 
 # The README's picture of a puzzle in play, photographed from the real window on a private X server.
 screenshot: build

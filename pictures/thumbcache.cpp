@@ -3,6 +3,7 @@
 // that is then renamed, so that a reader never sees half an entry. Writes run on one thread of their own.
 #include "pictures/thumbcache.h"
 
+#include <QBuffer>
 #include <QCoreApplication>
 #include <QCryptographicHash>
 #include <QDir>
@@ -12,6 +13,7 @@
 #include <QImageWriter>
 #include <QTemporaryFile>
 #include <QThreadPool>
+#include <QtEndian>
 #include <algorithm>
 #include <atomic>
 #include <cerrno>
@@ -38,6 +40,10 @@ namespace
     const QString Software = QStringLiteral("Varno " VARNO_VERSION);
     // A failure's problem rides in the marker under the PNG's own keyword for a description.
     const QString ProblemKey = QStringLiteral("Description");
+    // A marker is a pixel or so; anything larger is not read.
+    constexpr int MarkerSide = 16;
+    // The largest folder's entry, 1024 x 1024 RGBA, stored without compression, with room for its keys.
+    constexpr qint64 MaxEntryBytes = 1024 * (1 + 1024 * 4) + 65536;
 
     std::atomic<bool> on = true;
 
@@ -97,11 +103,26 @@ namespace
         return ::mkdir(name.constData(), 0700) == 0 || errno == EEXIST;
     }
 
+    // The picture's time in whole seconds, as the standard writes it; a fraction of a second after it, as
+    // some thumbnailers add, is read past: the entry is current when its whole seconds are the picture's.
+    bool sameSeconds(QStringView mtime, qint64 seconds)
+    {
+        if (const qsizetype dot = mtime.indexOf(u'.'); dot >= 0) {
+            const QStringView fraction = mtime.mid(dot + 1);
+            if (fraction.isEmpty() || !std::all_of(fraction.begin(), fraction.end(), [](QChar c) {
+                    return c >= u'0' && c <= u'9';
+                }))
+                return false;
+            mtime = mtime.left(dot);
+        }
+        bool ok = false;
+        return mtime.toLongLong(&ok) == seconds && ok;
+    }
+
     bool sameTimeAndSize(const QImage &entry, const Original &picture)
     {
-        bool ok = false;
         if (entry.text(QStringLiteral("Thumb::URI")) != QLatin1String(picture.uri)
-            || entry.text(QStringLiteral("Thumb::MTime")).toLongLong(&ok) != picture.mtime || !ok)
+            || !sameSeconds(entry.text(QStringLiteral("Thumb::MTime")), picture.mtime))
             return false;
         // The size is optional; when it is there it must agree.
         const QString size = entry.text(QStringLiteral("Thumb::Size"));
@@ -116,58 +137,113 @@ namespace
         return std::abs(cross) <= std::max(picture.width(), picture.height());
     }
 
-    // A sound, current entry of a size folder, or null.
-    QImage readEntry(const QString &path, const Original &picture, int side, QSize pictureSize)
+    // The bytes of a PNG file whose every chunk lies within them: libpng sets aside the memory a chunk's
+    // header claims before it reads the chunk, and a header may claim gigabytes.
+    bool chunksFit(QByteArrayView png)
     {
-        QFile file(path);
-        if (!file.open(QIODevice::ReadOnly))
-            return {};
-        QImageReader reader(&file, "png");
-        // Checked before anything is decoded: an entry larger than its folder allows is not read.
-        const QSize size = reader.size();
-        if (!size.isValid() || size.isEmpty() || size.width() > side || size.height() > side
-            || !sameShape(size, pictureSize))
-            return {};
-        const QImage img = reader.read();
-        if (img.isNull() || img.size() != size || !sameTimeAndSize(img, picture))
-            return {};
-        return img;
+        if (!png.startsWith("\x89PNG\r\n\x1a\n"))
+            return false;
+        for (qsizetype at = 8; at < png.size();) {
+            // Length, type, data, check sum.
+            if (png.size() - at < 12
+                || qFromBigEndian<quint32>(png.data() + at) > quint64(png.size() - at - 12))
+                return false;
+            at += 12 + qFromBigEndian<quint32>(png.data() + at);
+        }
+        return true;
     }
 
-    // Writes an entry whole under a temporary name beside it, then renames it over the old one.
-    void writeEntry(const QString &folder, const Original &picture, QImage img, const QString &mime)
+    QImage readEntry(const QString &path, const Original &picture, int side)
     {
-        if (!makeFolder(folder))
-            return;
-        img.setText(QStringLiteral("Thumb::URI"), QString::fromLatin1(picture.uri));
-        img.setText(QStringLiteral("Thumb::MTime"), QString::number(picture.mtime));
-        img.setText(QStringLiteral("Thumb::Size"), QString::number(picture.size));
-        if (!mime.isEmpty())
-            img.setText(QStringLiteral("Thumb::Mimetype"), mime);
-        img.setText(QStringLiteral("Software"), Software);
-        // Made with permissions 0600; removed again unless it is renamed into place.
-        QTemporaryFile file(folder + QLatin1Char('/') + picture.name + QStringLiteral(".XXXXXX"));
-        if (!file.open())
-            return;
-        QImageWriter writer(&file, "png");
-        // A full disk shows at the latest when the last bytes are flushed.
-        if (!writer.write(img) || !file.flush())
-            return;
+        QFile file(path);
+        // Not a file (a pipe would hold the reader for ever), or larger than any entry stored plainly.
+        if (!QFileInfo(path).isFile() || !file.open(QIODevice::ReadOnly) || file.size() > MaxEntryBytes)
+            return {};
+        return thumbcache::readEntry(file.readAll(), picture, side);
+    }
+
+    // The PNG chunk check sum (ISO 3309 CRC-32), bit by bit: the chunks it covers are short.
+    quint32 crc32(QByteArrayView bytes)
+    {
+        quint32 c = 0xFFFFFFFFu;
+        for (const char b : bytes) {
+            c ^= uchar(b);
+            for (int k = 0; k < 8; ++k)
+                c = (c >> 1) ^ (0xEDB88320u & (0u - (c & 1)));
+        }
+        return ~c;
+    }
+
+    // A text chunk, never compressed: readers of the cache look for the keys in plain tEXt chunks, and
+    // Qt's writer compresses any text longer than 40 characters. A text beyond Latin-1 goes as UTF-8.
+    QByteArray textChunk(const QString &key, const QString &text)
+    {
+        const bool latin1 = std::all_of(text.begin(), text.end(), [](QChar c) { return c.unicode() < 256; });
+        const QByteArray typed = (latin1 ? "tEXt" : "iTXt") + key.toLatin1() + '\0'
+            + (latin1 ? text.toLatin1() : QByteArray(4, '\0') + text.toUtf8());
+        // The length of the data after the type, the type and data, their check sum.
+        QByteArray chunk(4, '\0');
+        qToBigEndian(quint32(typed.size() - 4), chunk.data());
+        chunk += typed + QByteArray(4, '\0');
+        qToBigEndian(crc32(typed), chunk.data() + chunk.size() - 4);
+        return chunk;
+    }
+
+    // The image as a PNG with the texts in chunks right after the header, or empty when it cannot be made.
+    QByteArray encode(const QImage &img, const QList<std::pair<QString, QString>> &texts)
+    {
+        // The pixels alone: whatever texts the picture came with are not the entry's.
+        const QImage bare(img.constBits(), img.width(), img.height(), img.bytesPerLine(), img.format());
+        QBuffer buffer;
+        buffer.open(QIODevice::WriteOnly);
+        if (!QImageWriter(&buffer, "png").write(bare))
+            return {};
+        QByteArray png = buffer.data();
+        // The signature, then the header chunk: length, type, 13 bytes, check sum.
+        constexpr qsizetype HeaderEnd = 8 + 4 + 4 + 13 + 4;
+        if (png.size() < HeaderEnd || png.mid(12, 4) != "IHDR")
+            return {};
+        for (auto it = texts.rbegin(); it != texts.rend(); ++it)
+            png.insert(HeaderEnd, textChunk(it->first, it->second));
+        return png;
+    }
+
+    // Writes an entry whole under a temporary name beside it, then renames it over the old one; an entry
+    // there that is sound and current stays, whoever wrote it, so no two programs take turns rewriting it.
+    void writeEntry(const QString &folder,
+        int side,
+        const Original &picture,
+        const QImage &img,
+        QList<std::pair<QString, QString>> texts)
+    {
         const QString target = folder + QLatin1Char('/') + picture.name;
+        if (!makeFolder(folder) || !readEntry(target, picture, side).isNull())
+            return;
+        texts.prepend({ QStringLiteral("Software"), Software });
+        texts.prepend({ QStringLiteral("Thumb::Size"), QString::number(picture.size) });
+        texts.prepend({ QStringLiteral("Thumb::MTime"), QString::number(picture.mtime) });
+        texts.prepend({ QStringLiteral("Thumb::URI"), QString::fromLatin1(picture.uri) });
+        const QByteArray png = encode(img, texts);
+        // Made with permissions 0600; removed again unless it is renamed into place.
+        QTemporaryFile file(target + QStringLiteral(".XXXXXX"));
+        // A full disk shows at the latest when the last bytes are flushed.
+        if (png.isEmpty() || !file.open() || file.write(png) != png.size() || !file.flush())
+            return;
         if (std::rename(QFile::encodeName(file.fileName()).constData(), QFile::encodeName(target).constData())
             == 0)
             file.setAutoRemove(false);
     }
 
-    // The type the picture's name gives; the library takes its pictures by name.
-    QString mimeOf(const QString &path)
+    // The key for the type the picture's name gives, if any; the library takes its pictures by name.
+    QList<std::pair<QString, QString>> mimeOf(const QString &path)
     {
         const QString suffix = QFileInfo(path).suffix().toLower();
+        const QString key = QStringLiteral("Thumb::Mimetype");
         if (suffix == QLatin1String("jpg") || suffix == QLatin1String("jpeg"))
-            return QStringLiteral("image/jpeg");
+            return { { key, QStringLiteral("image/jpeg") } };
         if (suffix == QLatin1String("gif") || suffix == QLatin1String("bmp")
             || suffix == QLatin1String("png"))
-            return QStringLiteral("image/") + suffix;
+            return { { key, QStringLiteral("image/") + suffix } };
         return {};
     }
 
@@ -242,11 +318,12 @@ QImage find(const Original &picture, QSize box, QSize pictureSize)
             break;
         QImage img
             = readEntry(root + QLatin1Char('/') + QLatin1String(s.name) + QLatin1Char('/') + picture.name,
-                picture, s.side, pictureSize);
-        if (img.isNull())
+                picture, s.side);
+        if (img.isNull() || !sameShape(img.size(), pictureSize))
             continue;
-        // A picture smaller than the box is covered by its own size.
-        if ((img.width() >= box.width() && img.height() >= box.height()) || img.size() == pictureSize)
+        // One that does not cover the box, as for a picture smaller than the box, is kept in case no
+        // other does.
+        if (img.width() >= box.width() && img.height() >= box.height())
             return img;
         if (best.isNull())
             best = std::move(img);
@@ -254,17 +331,34 @@ QImage find(const Original &picture, QSize box, QSize pictureSize)
     return best;
 }
 
+QImage readEntry(const QByteArray &png, const Original &picture, int side)
+{
+    if (!chunksFit(png))
+        return {};
+    QBuffer buffer;
+    buffer.setData(png);
+    buffer.open(QIODevice::ReadOnly);
+    QImageReader reader(&buffer, "png");
+    // A PNG and nothing else: bytes of another format are not handed to its decoder.
+    reader.setAutoDetectImageFormat(false);
+    // Checked before anything is decoded: an entry larger than its folder allows is not read.
+    const QSize size = reader.size();
+    if (!size.isValid() || size.isEmpty() || size.width() > side || size.height() > side)
+        return {};
+    const QImage img = reader.read();
+    if (img.isNull() || img.size() != size || !sameTimeAndSize(img, picture))
+        return {};
+    return img;
+}
+
 std::optional<QString> failure(const Original &picture)
 {
     if (!on || picture.mtime < 0)
         return std::nullopt;
-    QImageReader reader(folder() + FailFolder + QLatin1Char('/') + picture.name, "png");
-    // A marker is a pixel or so; anything larger is not read.
-    if (reader.size().width() > 16 || reader.size().height() > 16)
-        return std::nullopt;
-    const QImage marker = reader.read();
-    const QString problem = marker.text(ProblemKey);
-    if (marker.isNull() || problem.isEmpty() || !sameTimeAndSize(marker, picture))
+    const QString problem
+        = readEntry(folder() + FailFolder + QLatin1Char('/') + picture.name, picture, MarkerSide)
+              .text(ProblemKey);
+    if (problem.isEmpty())
         return std::nullopt;
     return problem;
 }
@@ -274,14 +368,14 @@ void storeLater(const Original &picture, const QImage &reduced, QSize pictureSiz
     if (!on || picture.mtime < 0 || reduced.isNull())
         return;
     writers().start(new Write([root = folder(), picture, reduced, pictureSize, side] {
-        const QString mime = mimeOf(picture.path);
+        const QList<std::pair<QString, QString>> mime = mimeOf(picture.path);
         for (const SizeFolder &s : Sizes) {
             const QSize size = fitted(pictureSize, s.side);
             if (s.side > side || reduced.width() < size.width() || reduced.height() < size.height())
                 continue;
             QImage img = reduced.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
             // The standard's thumbnails are 8-bit RGBA.
-            writeEntry(root + QLatin1Char('/') + QLatin1String(s.name), picture,
+            writeEntry(root + QLatin1Char('/') + QLatin1String(s.name), s.side, picture,
                 img.convertToFormat(QImage::Format_ARGB32), mime);
         }
     }));
@@ -295,8 +389,8 @@ void storeFailureLater(const Original &picture, const QString &problem)
         // The standard's empty picture: one transparent pixel carrying the keys.
         QImage marker(1, 1, QImage::Format_ARGB32);
         marker.fill(Qt::transparent);
-        marker.setText(ProblemKey, problem);
-        writeEntry(root + FailFolder, picture, marker, mimeOf(picture.path));
+        writeEntry(root + FailFolder, MarkerSide, picture, marker,
+            mimeOf(picture.path) << std::pair(ProblemKey, problem));
     }));
 }
 

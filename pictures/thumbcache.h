@@ -1,7 +1,7 @@
 // The desktop's shared thumbnail cache, as file managers and picture viewers keep it: a PNG per picture
 // under $XDG_CACHE_HOME/thumbnails (or ~/.cache/thumbnails) in a folder for its size, named by the MD5
-// of the picture's file URI and valid while its recorded time and size are the picture's. Nothing here
-// ever reports a problem: a cache that cannot be read or written is simply not used.
+// of the picture's file URI and valid while its recorded time (in whole seconds) and size are the picture's.
+// Nothing here ever reports a problem: a cache that cannot be read or written is simply not used.
 #pragma once
 
 #include <QImage>
@@ -33,9 +33,12 @@ QString folder();
 
 // The cache's thumbnail for a picture of pictureSize (as shown) to be drawn over box device pixels:
 // from the smallest size folder whose thumbnails cover the box, else the next larger one; a valid
-// one that does not cover the box (a picture of another shape) is taken when no other is. Null when
-// there is none that is current and sound.
+// one of the picture's shape that does not cover the box (a picture smaller than the box, or far
+// wider or taller than it) is taken when no other is. Null when there is none that is current and sound.
 QImage find(const Original &picture, QSize box, QSize pictureSize);
+// An entry's bytes read as the cache reads its files: the image when they are a sound PNG of at most
+// side pixels a side whose keys are the picture's, else null.
+QImage readEntry(const QByteArray &png, const Original &picture, int side);
 // The problem recorded by this game for a picture it could not read, while the picture is unchanged.
 std::optional<QString> failure(const Original &picture);
 
