@@ -120,7 +120,9 @@ public:
             return g->announcement();
         return {};
     }
-    void setText(QAccessible::Text, const QString &) override { }
+    void setText(QAccessible::Text, const QString &) override
+    {
+    }
     QRect rect() const override
     {
         if (!isValid())

@@ -142,7 +142,8 @@ void vxmain::finishDrop(const DropTarget &target, int S)
         dropOnTray(target.tray, S);
     else
         putBack(S);
-    announce((target.kind == DropTarget::Nowhere ? tr("Piece %1 put back") : tr("Piece %1 dropped")).arg(piece));
+    announce(
+        (target.kind == DropTarget::Nowhere ? tr("Piece %1 put back") : tr("Piece %1 dropped")).arg(piece));
     if (s.InPlace == s.TileTotal)
         finishSolved();
 }

@@ -82,7 +82,8 @@ void vxmain::moveCursor(int dc, int dr)
 {
     const PuzzleState &s = m_state;
     // Where the board could be pressed, or while the keys carry a piece; never over the pointer's piece.
-    if (!vxrz->isVisible() || m_scrambling || s.PicFile.isEmpty() || !s.InPlay || (s.DragIdx >= 0 && !m_keyLift))
+    if (!vxrz->isVisible() || m_scrambling || s.PicFile.isEmpty() || !s.InPlay
+        || (s.DragIdx >= 0 && !m_keyLift))
         return;
     const int n = s.GridN;
     if (m_cursor >= holderCount())
@@ -161,7 +162,8 @@ bool vxmain::boardKey(int key)
     if (m_cursor < s.TileTotal)
         vxrz_MouseDown(Qt::NoButton, Qt::NoModifier, float(middle.x()), float(middle.y()));
     else
-        vxpcs_MouseDown(m_cursor - s.TileTotal, Qt::NoButton, Qt::NoModifier, float(middle.x()), float(middle.y()));
+        vxpcs_MouseDown(
+            m_cursor - s.TileTotal, Qt::NoButton, Qt::NoModifier, float(middle.x()), float(middle.y()));
     m_keyLift = s.DragIdx >= 0 && m_keyLift;
     if (m_keyLift)
         placeDragImage();
