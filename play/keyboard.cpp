@@ -136,8 +136,10 @@ void vxmain::placeDragImage()
 bool vxmain::boardKey(int key)
 {
     PuzzleState &s = m_state;
-    if (s.PuzType != Codes::Drag || m_cursor >= holderCount())
+    if (s.PuzType != Codes::Drag)
         return false;
+    if (m_cursor >= holderCount())
+        m_cursor = 0;
     const bool keysCarry = s.DragIdx >= 0 && m_keyLift;
     if (key == Qt::Key_Escape && keysCarry) {
         const int S = endDrag();

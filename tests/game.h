@@ -126,28 +126,33 @@ inline bool trayShown(const vxmain &w, int count)
         w.vxpcs.begin(), w.vxpcs.end(), [&](const QWidget *b) { return b->isVisible() == (i++ < count); });
 }
 
-// What a holder shows inside its lines: the piece's part of the whole picture, or the blank image.
-inline QImage expectedInside(const vxmain &w, const TileRec &t, QSize inner)
+// What a holder shows inside its lines: the piece's part of the whole picture, or the blank image; in
+// the device-resolution drawing when fine (a dense screen's), at its ratio.
+inline QImage expectedInside(const vxmain &w, const TileRec &t, QSize inner, bool fine = false)
 {
+    const int r = fine ? int(w.vxrz_s->fine()->devicePixelRatio()) : 1;
     if (t.Home >= 0)
-        return w.vxrz_s->image().copy(QRect(QPoint(t.SrcX + 1, t.SrcY + 1), inner));
-    QImage blank(inner, QImage::Format_RGB32);
+        return (fine ? *w.vxrz_s->fine() : w.vxrz_s->image()).copy(QRect(QPoint(t.SrcX + 1, t.SrcY + 1) * r, inner * r));
+    QImage blank(inner * r, QImage::Format_RGB32);
     blank.fill(BlankColour);
     return blank;
 }
 
 // What holder h shows inside its lines: board places 0 .. TileTotal - 1, then the tray boxes.
-inline QImage insideHolder(const vxmain &w, int h)
+inline QImage insideHolder(const vxmain &w, int h, bool fine = false)
 {
     const PuzzleState &s = w.state();
-    const QRect inner(1, 1, s.TileW - 2, s.TileH - 2);
-    if (h >= s.TileTotal)
-        return w.vxpcs[h - s.TileTotal]->image().copy(inner);
-    return w.vxrz->image().copy(inner.translated(h % s.GridN * s.TileW, h / s.GridN * s.TileH));
+    const PictureBox *box = h >= s.TileTotal ? w.vxpcs[h - s.TileTotal] : w.vxrz;
+    const QRect inner = QRect(1, 1, s.TileW - 2, s.TileH - 2)
+                            .translated(h >= s.TileTotal ? QPoint() : QPoint(h % s.GridN * s.TileW, h / s.GridN * s.TileH));
+    const int r = fine ? int(box->fine()->devicePixelRatio()) : 1;
+    const QImage &drawing = fine ? *box->fine() : box->image();
+    return drawing.copy(QRect(inner.topLeft() * r, inner.size() * r));
 }
 
 // Every board place, and every tray box in use in a drag puzzle, shows its record: its piece, or the
-// blank image where no piece is and where the slide puzzle's blank stands.
+// blank image where no piece is and where the slide puzzle's blank stands; on a dense screen in both
+// drawings.
 inline bool holdersShowTables(const vxmain &w)
 {
     const PuzzleState &s = w.state();
@@ -156,8 +161,9 @@ inline bool holdersShowTables(const vxmain &w)
         TileRec t = h < s.TileTotal ? s.Board[h] : s.Pcs[h - s.TileTotal];
         if (!tray && h == s.BlankPos)
             t.Home = -1;
-        if (insideHolder(w, h) != expectedInside(w, t, QSize(s.TileW - 2, s.TileH - 2)))
-            return false;
+        for (bool fine : { false, w.vxrz->fine() != nullptr })
+            if (insideHolder(w, h, fine) != expectedInside(w, t, QSize(s.TileW - 2, s.TileH - 2), fine))
+                return false;
     }
     return true;
 }
