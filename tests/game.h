@@ -132,7 +132,8 @@ inline QImage expectedInside(const vxmain &w, const TileRec &t, QSize inner, boo
 {
     const int r = fine ? int(w.vxrz_s->fine()->devicePixelRatio()) : 1;
     if (t.Home >= 0)
-        return (fine ? *w.vxrz_s->fine() : w.vxrz_s->image()).copy(QRect(QPoint(t.SrcX + 1, t.SrcY + 1) * r, inner * r));
+        return (fine ? *w.vxrz_s->fine() : w.vxrz_s->image())
+            .copy(QRect(QPoint(t.SrcX + 1, t.SrcY + 1) * r, inner * r));
     QImage blank(inner * r, QImage::Format_RGB32);
     blank.fill(BlankColour);
     return blank;
@@ -143,8 +144,9 @@ inline QImage insideHolder(const vxmain &w, int h, bool fine = false)
 {
     const PuzzleState &s = w.state();
     const PictureBox *box = h >= s.TileTotal ? w.vxpcs[h - s.TileTotal] : w.vxrz;
-    const QRect inner = QRect(1, 1, s.TileW - 2, s.TileH - 2)
-                            .translated(h >= s.TileTotal ? QPoint() : QPoint(h % s.GridN * s.TileW, h / s.GridN * s.TileH));
+    const QRect inner
+        = QRect(1, 1, s.TileW - 2, s.TileH - 2)
+              .translated(h >= s.TileTotal ? QPoint() : QPoint(h % s.GridN * s.TileW, h / s.GridN * s.TileH));
     const int r = fine ? int(box->fine()->devicePixelRatio()) : 1;
     const QImage &drawing = fine ? *box->fine() : box->image();
     return drawing.copy(QRect(inner.topLeft() * r, inner.size() * r));
