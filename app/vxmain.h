@@ -248,6 +248,7 @@ private:
     int m_cursor = 0;
     bool m_cursorShown = false;
     bool m_keyLift = false;
+    bool m_keysOnBoard = false;
     CursorOutline *m_cursorBox = nullptr;
     QString m_announcement;
     // The board box the picture on the board was fitted into, before the layout rounded it to tiles.

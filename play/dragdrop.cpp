@@ -83,6 +83,8 @@ void vxmain::startDrag()
     vxdrag->show();
     // A piece the keys carry leaves the board its focus; the press guard refuses the pointer's lifts.
     if (!m_keyLift) {
+        // The disabled board gives its keys away: they come back with the drop.
+        m_keysOnBoard = vxrz->hasFocus();
         vxrz->setEnabled(false);
         for (int i = 0; i < m_state.GridN; ++i)
             vxpcs[i]->setEnabled(false);
@@ -107,6 +109,8 @@ int vxmain::endDrag()
     vxdrag->hide();
     for (PictureBox *box : vxpcs)
         box->setEnabled(true);
+    if (!m_keyLift && m_keysOnBoard)
+        vxrz->setFocus(Qt::OtherFocusReason);
     m_keyLift = false;
     return S;
 }

@@ -17,6 +17,7 @@
 #include <QFileInfo>
 #include <QImageWriter>
 #include <QTemporaryDir>
+#include <QTest>
 
 // img as a file of the format (jpg, bmp or gif, which Qt cannot write) would hold it.
 inline QByteArray encode(const QImage &img, const char *format, bool progressive = false)
@@ -110,6 +111,32 @@ inline void park(vxmain &w, int k)
 {
     w.vxrz_MouseDown(Qt::LeftButton, {}, 5, 5);
     w.Form_MouseUp(w.vxpcs[k]->x() + 10, w.vxpcs[k]->y() + 10);
+}
+
+// Arrows from the keyboard's cursor to holder `to`: along the row, then up or down (the tray is the last
+// row).
+inline void cursorTo(vxmain &w, int to)
+{
+    const int n = w.state().GridN;
+    for (int c = w.cursorHolder(); c != to; c = w.cursorHolder())
+        QTest::keyClick(w.vxrz,
+            c % n != to % n ? (c % n < to % n ? Qt::Key_Right : Qt::Key_Left)
+                            : (c / n < to / n ? Qt::Key_Down : Qt::Key_Up));
+}
+
+// The keys alone carry every piece home in turn, from the board or the tray.
+inline void solveByKeys(vxmain &w)
+{
+    const PuzzleState &s = w.state();
+    for (int p = 0; s.InPlay && p < s.TileTotal; ++p) {
+        std::vector<TileRec> held(s.Board.begin(), s.Board.begin() + s.TileTotal);
+        held.insert(held.end(), s.Pcs.begin(), s.Pcs.begin() + s.GridN);
+        cursorTo(w,
+            int(std::find_if(held.begin(), held.end(), [&](auto t) { return t.Home == p; }) - held.begin()));
+        QTest::keyClick(w.vxrz, Qt::Key_Space);
+        cursorTo(w, p);
+        QTest::keyClick(w.vxrz, Qt::Key_Enter);
+    }
 }
 
 // The four bars of the frame round the board are shown.

@@ -1,5 +1,5 @@
-// The game on a desktop: a screen reader, and a dense screen's drawing (arrow keys: the soak; dropped
-// pictures: with "Open Image" in tst_picture).
+// The game on a desktop: a screen reader, and a dense screen's drawing, this test running at a device
+// pixel ratio of 2 (arrow keys: the soak; dropped pictures: with "Open Image" in tst_picture).
 #include "game.h"
 #include "platform/facebutton.h"
 #include "platform/qtservices.h"
@@ -7,6 +7,22 @@
 #include <QAccessible>
 #include <QTest>
 #include <QTimer>
+
+namespace
+{
+// Rows of the picture with a pixel of the help's blue text, each as the plain drawing's row (r rows each).
+QList<int> blueRows(const QImage &img, int r)
+{
+    QList<int> rows;
+    for (int y = 0; y < img.height(); ++y)
+        for (int x = 0; x < img.width(); ++x)
+            if (img.pixel(x, y) == qRgb(0, 0, 255) && (rows.isEmpty() || rows.last() != y / r)) {
+                rows << y / r;
+                break;
+            }
+    return rows;
+}
+} // namespace
 
 class DesktopTest : public QObject
 {
@@ -27,6 +43,70 @@ private slots:
         });
         QtMessageBoxes(&g.w).show("Picture Too Large", "Open - ERROR", MsgStyle::Critical);
         QCOMPARE(heard, QStringLiteral("Open - ERROR|Picture Too Large"));
+    }
+
+    // The board is a table of holders, the tray its last row, each named by its place and what stands on it;
+    // the holder under the cursor has the focus and describes the last lift or drop; the board tells of the
+    // solved picture. (The events a reader hears: the real-window test, through AT-SPI.)
+    void screenReaderFollowsTheCursor()
+    {
+        Game g;
+        QVERIFY(g.play(Codes::Drag, 2) && QTest::qWaitForWindowActive(&g.w));
+        vxmain &w = g.w;
+        park(w, 0);
+        const QString piece = QString::number(g.s().Pcs[0].Home + 1);
+        QAccessibleInterface *board = QAccessible::queryAccessibleInterface(w.vxrz);
+        QVERIFY(board->role() == QAccessible::Table && board->text(QAccessible::Name) == "Puzzle board");
+        QCOMPARE(board->childCount(), 6);
+        QCOMPARE(board->child(0)->text(QAccessible::Name), "Row 1, column 1: blank");
+        QCOMPARE(board->child(5)->text(QAccessible::Name), "Tray box 2: empty");
+        const auto focused = [&](QAccessible::Text t) { return board->focusChild()->text(t); };
+        QTest::keyClick(w.vxrz, Qt::Key_Down);
+        QCOMPARE(
+            focused(QAccessible::Name), "Row 2, column 1: piece " + QString::number(g.s().Board[2].Home + 1));
+        QTest::keyClick(w.vxrz, Qt::Key_Down);
+        QTest::keyClick(w.vxrz, Qt::Key_Space);
+        QVERIFY(focused(QAccessible::Name) == "Tray box 1: piece " + piece
+            && focused(QAccessible::Description) == "Piece " + piece + " lifted");
+        const int home = piece.toInt() - 1;
+        cursorTo(w, home);
+        QTest::keyClick(w.vxrz, Qt::Key_Space);
+        QVERIFY(board->focusChild() == board->child(home) && board->child(home)->state().focused);
+        QCOMPARE(board->child(home)->text(QAccessible::Name),
+            QString("Row %1, column %2: piece %3, in place").arg(home / 2 + 1).arg(home % 2 + 1).arg(piece));
+        QCOMPARE(focused(QAccessible::Description), "Piece " + piece + " dropped");
+        solveByKeys(w);
+        QCOMPARE(board->text(QAccessible::Description), "Solved");
+    }
+
+    // The board decodes the picture at device resolution (stripes one device pixel wide stay stripes), the
+    // tray boxes and the carried piece copy those pixels, and the help's fine drawing holds every line.
+    void denseScreenDrawsDevicePixels()
+    {
+        Game g;
+        QVERIFY(g.play(Codes::Drag, 4) && g.w.devicePixelRatio() == 2);
+        QImage stripes(1040, 780, QImage::Format_RGB32);
+        for (int y = 0; y < stripes.height(); ++y)
+            for (int x = 0; x < stripes.width(); ++x)
+                stripes.setPixel(x, y, x % 2 ? qRgb(255, 255, 255) : qRgb(0, 0, 0));
+        QVERIFY(g.load(g.picture("stripes.bmp", stripes)));
+        g.w.cb_scramble_Click();
+        int contrast = 0;
+        for (int x = 0; x + 1 < 1000; ++x)
+            contrast += std::abs(
+                qGray(g.w.vxrz->fine()->pixel(x, 300)) - qGray(g.w.vxrz->fine()->pixel(x + 1, 300)));
+        QVERIFY2(contrast > 60 * 1000, qPrintable(QString::number(contrast / 1000)));
+        park(g.w, 1);
+        g.w.vxrz_MouseDown(Qt::LeftButton, {}, g.s().TileW + 5, 5);
+        const QSize inner(g.s().TileW - 2, g.s().TileH - 2);
+        QCOMPARE(g.w.vxdrag->fine()->copy(QRect(QPoint(2, 2), inner * 2)),
+            expectedInside(g.w, g.s().Board[1], inner, true));
+        g.w.Form_MouseUp(0, 0);
+        QVERIFY(holdersShowTables(g.w));
+        g.w.cb_helpdoc_Click();
+        const QList<int> fine = blueRows(*g.w.hlpdoc->fine(), 2);
+        for (int y : blueRows(g.w.hlpdoc->image(), 1))
+            QVERIFY2(fine.contains(y), qPrintable(QString::number(y)));
     }
 
     // At ratio 2 a stretch samples the picture's pixels, copies carry them, a line covers device squares.
