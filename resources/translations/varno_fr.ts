@@ -13,7 +13,7 @@
     </message>
     <message>
         <source>Varno, a picture tile puzzle: scramble a picture into tiles and put it together again.</source>
-        <translation>Varno, un puzzle d&apos;images : mélangez une image découpée en pièces et reconstituez-la.</translation>
+        <translation>Varno, un puzzle d&apos;images&#xa0;: mélangez une image découpée en pièces et reconstituez-la.</translation>
     </message>
     <message>
         <source>picture</source>
@@ -33,7 +33,7 @@
     </message>
     <message>
         <source>Try &apos;%1 --help&apos; for more.</source>
-        <translation>Essayez « %1 --help » pour en savoir plus.</translation>
+        <translation>Essayez «&#xa0;%1 --help&#xa0;» pour en savoir plus.</translation>
     </message>
 </context>
 <context>
@@ -351,6 +351,58 @@ Voulez-vous changer de type ?</translation>
     <message>
         <source>Varno</source>
         <translation>Varno</translation>
+    </message>
+    <message>
+        <source>Puzzle board</source>
+        <translation>Plateau du puzzle</translation>
+    </message>
+    <message>
+        <source>Piece %1 moved</source>
+        <translation>Pièce %1 déplacée</translation>
+    </message>
+    <message>
+        <source>Solved</source>
+        <translation>Résolu</translation>
+    </message>
+    <message>
+        <source>Piece %1 lifted</source>
+        <translation>Pièce %1 soulevée</translation>
+    </message>
+    <message>
+        <source>Piece %1 put back</source>
+        <translation>Pièce %1 remise à sa place d&apos;origine</translation>
+    </message>
+    <message>
+        <source>Piece %1 dropped</source>
+        <translation>Pièce %1 posée</translation>
+    </message>
+    <message>
+        <source>Tray box %1</source>
+        <translation>Case de réserve %1</translation>
+    </message>
+    <message>
+        <source>Row %1, column %2</source>
+        <translation>Ligne %1, colonne %2</translation>
+    </message>
+    <message>
+        <source>empty</source>
+        <translation>vide</translation>
+    </message>
+    <message>
+        <source>blank</source>
+        <translation>case libre</translation>
+    </message>
+    <message>
+        <source>piece %1, in place</source>
+        <translation>pièce %1, bien placée</translation>
+    </message>
+    <message>
+        <source>piece %1</source>
+        <translation>pièce %1</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1 : %2</translation>
     </message>
 </context>
 </TS>
