@@ -11,6 +11,9 @@ pkgs+=(fonts-liberation openbox wmctrl)
 pkgs+=(qt6-l10n-tools qt6-translations-l10n)
 # Qt's Wayland plugin and a compositor to run it under: the real-window tests play the game on Wayland too.
 pkgs+=(qt6-wayland weston)
+# A session bus and the accessibility bus with its registry: the real-window test reads the game as a
+# screen reader does, through AT-SPI.
+pkgs+=(dbus-daemon at-spi2-core)
 # The install's validators and the .deb package's library dependencies.
 pkgs+=(desktop-file-utils appstream dpkg-dev file)
 # `make bench` (setup-deps.sh bench): the two peer puzzles whose start-up is measured beside the game, and

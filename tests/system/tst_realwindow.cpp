@@ -6,10 +6,74 @@
 #include "realgame.h"
 #include "weston.h"
 
+#include <QDBusArgument>
+#include <QDBusConnection>
+#include <QDBusMessage>
+#include <QDBusVariant>
+
+namespace
+{
+// A screen reader's view through AT-SPI, as Orca reads it: the name of the table cell that has the focus,
+// found by walking the accessibility tree from the registry's root over the accessibility bus.
+QString focusedCellName()
+{
+    QDBusMessage get
+        = QDBusMessage::createMethodCall("org.a11y.Bus", "/org/a11y/bus", "org.a11y.Bus", "GetAddress");
+    const QString address = QDBusConnection::sessionBus().call(get).arguments().value(0).toString();
+    QDBusConnection bus = QDBusConnection::connectToBus(address, "a11y");
+    using Node = std::pair<QString, QString>; // service, object path
+    const auto call
+        = [&](const Node &n, const QString &iface, const QString &method, const QVariantList &args = {}) {
+              QDBusMessage m = QDBusMessage::createMethodCall(n.first, n.second, iface, method);
+              m.setArguments(args);
+              return bus.call(m, QDBus::Block, 5000).arguments().value(0);
+          };
+    QList<Node> todo { { "org.a11y.atspi.Registry", "/org/a11y/atspi/accessible/root" } };
+    while (!todo.isEmpty()) {
+        const Node n = todo.takeFirst();
+        const QString acc = QStringLiteral("org.a11y.atspi.Accessible");
+        if (call(n, acc, "GetRoleName")
+                .toString()
+                .endsWith("cell")) { // "cell" from Qt, "table cell" elsewhere
+            const auto states = qdbus_cast<QList<uint>>(call(n, acc, "GetState"));
+            if (!states.isEmpty() && (states[0] & (1u << 12))) // ATSPI_STATE_FOCUSED
+                return call(n, "org.freedesktop.DBus.Properties", "Get", { acc, "Name" })
+                    .value<QDBusVariant>()
+                    .variant()
+                    .toString();
+            continue;
+        }
+        const QDBusArgument children = call(n, acc, "GetChildren").value<QDBusArgument>();
+        children.beginArray();
+        while (!children.atEnd()) {
+            QString service;
+            QDBusObjectPath path;
+            children.beginStructure();
+            children >> service >> path;
+            children.endStructure();
+            todo << Node { service, path.path() };
+        }
+        children.endArray();
+    }
+    return {};
+}
+} // namespace
+
 class RealWindowTest : public QObject
 {
     Q_OBJECT
+    // A session bus of the test's own, on which the games find the accessibility bus.
+    QProcess m_bus;
     RealGame g;
+    QImage m_opened; // the screen with the whole picture on the slide puzzle's board
+public:
+    ~RealWindowTest() override
+    {
+        m_bus.kill();
+        m_bus.waitForFinished();
+    }
+
+private:
     const QPoint lib { 174, 127 }; // the library window's top-left, centred on the screen as the game is
     QImage m_start; // the screen at the game's first start
 
@@ -23,6 +87,10 @@ private slots:
     // The program starts from its own folder, the build's program and starter pictures copied there.
     void initTestCase()
     {
+        m_bus.start("dbus-daemon", { "--session", "--nofork", "--print-address" });
+        QVERIFY(m_bus.waitForReadyRead(10000));
+        qputenv("DBUS_SESSION_BUS_ADDRESS", m_bus.readLine().trimmed());
+        qputenv("QT_LINUX_ACCESSIBILITY_ALWAYS_ON", "1");
         QVERIFY(QProcess::execute("cp", { "-r", QFileInfo(VARNO_EXE).path() + "/lib", g.home.path() }) == 0);
         QVERIFY(g.start());
     }
@@ -49,7 +117,7 @@ private slots:
         const QString path = g.home.filePath("photo.jpg");
         QVERIFY(picturegen::pattern(QSize(1024, 768), 4).save(path, "JPEG", 95));
         g.open(path);
-        const QImage img = g.shot("opened");
+        const QImage img = m_opened = g.shot("opened");
         QCOMPARE(g.at(img, 140, 103), qRgb(255, 0, 0) & 0xFFFFFF); // the red frame's top-left corner
         QCOMPARE(g.at(img, 140 + 528, 103 + 399), qRgb(255, 0, 0) & 0xFFFFFF); // and its bottom-right one
         // The board shows the picture (its sharp lines decoded at half size, then enlarged).
@@ -125,6 +193,69 @@ private slots:
         for (const QRect &r : { QRect(146, 69, 517, 391), QRect(139, 504, 84, 63) }) // board, first tray box
             QCOMPARE(loaded.copy(r.translated(g.client)), saved.copy(r.translated(g.client)));
         QCOMPARE(g.at(loaded, 140, 63), qRgb(255, 0, 0) & 0xFFFFFF); // the frame stands round the board
+    }
+
+    // The keys alone: a piece parked in the tray, then every piece carried home with the arrows, Space and
+    // Enter (the tray's piece brought back among them); the last drop frames the whole picture. A screen
+    // reader names the holder under the cursor and follows it.
+    void keysAloneSolveDragPuzzle()
+    {
+        const QPoint board(146, 69);
+        const auto trayBox = [](int k) { return QPoint(138 + 89 * k, 503); };
+        const auto home = [&](int p) { return g.tile(m_opened, QPoint(146, 109), p); };
+        QImage img = g.shot("keys-start");
+        std::vector<int> held(42, -1); // the home of the piece on each holder (the tray boxes from 36), or -1
+        for (int h = 0; h < 42; ++h)
+            for (int p = 0; p < 36; ++p)
+                if ((h < 36 ? g.tile(img, board, h) : g.tile(img, trayBox(h - 36), 0)) == home(p))
+                    held[std::size_t(h)] = p;
+        QCOMPARE(std::count_if(held.begin(), held.end(), [](int p) { return p >= 0; }), 36);
+        int cursor = 0;
+        QStringList keys;
+        const auto go = [&](int to) {
+            for (; cursor != to; cursor += keys.last() == "Right" ? 1
+                     : keys.last() == "Left"                      ? -1
+                     : keys.last() == "Down"                      ? 6
+                                                                  : -6)
+                keys << (cursor % 6 != to % 6 ? (cursor % 6 < to % 6 ? "Right" : "Left")
+                                              : (cursor < to ? "Down" : "Up"));
+        };
+        const auto carry = [&](int from, int to) {
+            go(from);
+            keys << "space";
+            go(to);
+            keys << "Return";
+            std::swap(held[std::size_t(from)], held[std::size_t(to)]);
+        };
+        const auto press = [&] {
+            for (int i = 0; i < keys.size(); i += 60)
+                xdotool(QStringList { "key", "--delay", "20" } + keys.mid(i, 60));
+            keys.clear();
+        };
+        carry(held[0] >= 0 ? 0 : 1, 37);
+        go(20);
+        press();
+        img = g.shot("keys-parked", 300);
+        QCOMPARE(g.tile(img, trayBox(1), 0), home(held[37]));
+        const auto named = [&](int h) {
+            return QString("Row %1, column %2: piece %3")
+                       .arg(h / 6 + 1)
+                       .arg(h % 6 + 1)
+                       .arg(held[std::size_t(h)] + 1)
+                + (held[std::size_t(h)] == h ? ", in place" : "");
+        };
+        QTRY_COMPARE_WITH_TIMEOUT(focusedCellName(), named(20), 5000);
+        go(21);
+        press();
+        QTRY_COMPARE_WITH_TIMEOUT(focusedCellName(), named(21), 5000);
+        for (int p = 0; p < 36; ++p)
+            if (held[std::size_t(p)] != p)
+                carry(int(std::find(held.begin(), held.end(), p) - held.begin()), p);
+        press();
+        img = g.shot("keys-solved", 2000);
+        QCOMPARE(g.at(img, 140, 63), qRgb(255, 0, 0) & 0xFFFFFF);
+        for (int p = 0; p < 36; ++p)
+            QCOMPARE(g.tile(img, board, p), home(p));
     }
 
     // "Image Library", then a double-click on the first thumbnail: its picture in the red frame.
