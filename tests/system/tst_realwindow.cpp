@@ -13,45 +13,42 @@
 
 namespace
 {
-// A screen reader's view through AT-SPI, as Orca reads it: the name of the table cell that has the focus,
-// found by walking the accessibility tree from the registry's root over the accessibility bus.
+QVariant call(const QDBusConnection &bus,
+    const QStringList &object,
+    const QString &method,
+    const QVariantList &args = {})
+{
+    QDBusMessage m = QDBusMessage::createMethodCall(object[0], object[1], object[2], method);
+    m.setArguments(args);
+    return bus.call(m, QDBus::Block, 5000).arguments().value(0);
+}
+
+// A screen reader's view through AT-SPI, as Orca reads it: the name of the table cell in the focused state,
+// found by walking the accessibility tree from the registry's root on the accessibility bus.
 QString focusedCellName()
 {
-    QDBusMessage get
-        = QDBusMessage::createMethodCall("org.a11y.Bus", "/org/a11y/bus", "org.a11y.Bus", "GetAddress");
-    const QString address = QDBusConnection::sessionBus().call(get).arguments().value(0).toString();
-    QDBusConnection bus = QDBusConnection::connectToBus(address, "a11y");
-    using Node = std::pair<QString, QString>; // service, object path
-    const auto call
-        = [&](const Node &n, const QString &iface, const QString &method, const QVariantList &args = {}) {
-              QDBusMessage m = QDBusMessage::createMethodCall(n.first, n.second, iface, method);
-              m.setArguments(args);
-              return bus.call(m, QDBus::Block, 5000).arguments().value(0);
-          };
-    QList<Node> todo { { "org.a11y.atspi.Registry", "/org/a11y/atspi/accessible/root" } };
+    const QString acc = "org.a11y.atspi.Accessible";
+    const QDBusConnection bus = QDBusConnection::connectToBus(
+        call(QDBusConnection::sessionBus(), { "org.a11y.Bus", "/org/a11y/bus", "org.a11y.Bus" }, "GetAddress")
+            .toString(),
+        "a11y");
+    QList<QStringList> todo { { "org.a11y.atspi.Registry", "/org/a11y/atspi/accessible/root", acc } };
     while (!todo.isEmpty()) {
-        const Node n = todo.takeFirst();
-        const QString acc = QStringLiteral("org.a11y.atspi.Accessible");
-        if (call(n, acc, "GetRoleName")
-                .toString()
-                .endsWith("cell")) { // "cell" from Qt, "table cell" elsewhere
-            const auto states = qdbus_cast<QList<uint>>(call(n, acc, "GetState"));
-            if (!states.isEmpty() && (states[0] & (1u << 12))) // ATSPI_STATE_FOCUSED
-                return call(n, "org.freedesktop.DBus.Properties", "Get", { acc, "Name" })
-                    .value<QDBusVariant>()
-                    .variant()
-                    .toString();
-            continue;
-        }
-        const QDBusArgument children = call(n, acc, "GetChildren").value<QDBusArgument>();
+        const QStringList n = todo.takeFirst();
+        if (call(bus, n, "GetRoleName").toString().endsWith("cell") // "cell" from Qt, "table cell" from GTK
+            && qdbus_cast<QList<uint>>(call(bus, n, "GetState")).value(0) & 1u << 12) // ATSPI_STATE_FOCUSED
+            return call(bus, { n[0], n[1], "org.freedesktop.DBus.Properties" }, "Get", { acc, "Name" })
+                .value<QDBusVariant>()
+                .variant()
+                .toString();
+        const QDBusArgument children = call(bus, n, "GetChildren").value<QDBusArgument>();
         children.beginArray();
-        while (!children.atEnd()) {
-            QString service;
+        for (QString service; !children.atEnd();) {
             QDBusObjectPath path;
             children.beginStructure();
             children >> service >> path;
             children.endStructure();
-            todo << Node { service, path.path() };
+            todo << QStringList { service, path.path(), acc };
         }
         children.endArray();
     }
@@ -200,62 +197,57 @@ private slots:
     // reader names the holder under the cursor and follows it.
     void keysAloneSolveDragPuzzle()
     {
-        const QPoint board(146, 69);
-        const auto trayBox = [](int k) { return QPoint(138 + 89 * k, 503); };
         const auto home = [&](int p) { return g.tile(m_opened, QPoint(146, 109), p); };
-        QImage img = g.shot("keys-start");
-        std::vector<int> held(42, -1); // the home of the piece on each holder (the tray boxes from 36), or -1
+        // Holders 0 .. 35 are the board's places, 36 .. 41 the tray boxes, 89 pixels apart.
+        const auto shown = [&](const QImage &img, int h) {
+            return h < 36 ? g.tile(img, QPoint(146, 69), h)
+                          : g.tile(img, QPoint(138 + 89 * (h - 36), 503), 0);
+        };
+        const QImage start = g.shot("keys-start");
+        QList<int> held(42, -1); // the home of the piece each holder shows, -1 for none
         for (int h = 0; h < 42; ++h)
             for (int p = 0; p < 36; ++p)
-                if ((h < 36 ? g.tile(img, board, h) : g.tile(img, trayBox(h - 36), 0)) == home(p))
-                    held[std::size_t(h)] = p;
-        QCOMPARE(std::count_if(held.begin(), held.end(), [](int p) { return p >= 0; }), 36);
+                held[h] = shown(start, h) == home(p) ? p : held[h];
+        QCOMPARE(held.count(-1), 6);
         int cursor = 0;
         QStringList keys;
         const auto go = [&](int to) {
-            for (; cursor != to; cursor += keys.last() == "Right" ? 1
-                     : keys.last() == "Left"                      ? -1
-                     : keys.last() == "Down"                      ? 6
-                                                                  : -6)
-                keys << (cursor % 6 != to % 6 ? (cursor % 6 < to % 6 ? "Right" : "Left")
-                                              : (cursor < to ? "Down" : "Up"));
+            for (; cursor % 6 != to % 6; cursor += cursor % 6 < to % 6 ? 1 : -1)
+                keys << (cursor % 6 < to % 6 ? "Right" : "Left");
+            for (; cursor != to; cursor += cursor < to ? 6 : -6)
+                keys << (cursor < to ? "Down" : "Up");
         };
         const auto carry = [&](int from, int to) {
             go(from);
             keys << "space";
             go(to);
             keys << "Return";
-            std::swap(held[std::size_t(from)], held[std::size_t(to)]);
+            held.swapItemsAt(from, to);
         };
-        const auto press = [&] {
+        const auto pressThenGo = [&](int to) {
+            go(to);
             for (int i = 0; i < keys.size(); i += 60)
                 xdotool(QStringList { "key", "--delay", "20" } + keys.mid(i, 60));
             keys.clear();
         };
-        carry(held[0] >= 0 ? 0 : 1, 37);
-        go(20);
-        press();
-        img = g.shot("keys-parked", 300);
-        QCOMPARE(g.tile(img, trayBox(1), 0), home(held[37]));
         const auto named = [&](int h) {
-            return QString("Row %1, column %2: piece %3")
-                       .arg(h / 6 + 1)
-                       .arg(h % 6 + 1)
-                       .arg(held[std::size_t(h)] + 1)
-                + (held[std::size_t(h)] == h ? ", in place" : "");
+            return QString("Row %1, column %2: piece %3").arg(h / 6 + 1).arg(h % 6 + 1).arg(held[h] + 1)
+                + (held[h] == h ? ", in place" : "");
         };
+        carry(held[0] >= 0 ? 0 : 1, 37);
+        pressThenGo(20);
+        QCOMPARE(shown(g.shot("keys-parked", 300), 37), home(held[37]));
         QTRY_COMPARE_WITH_TIMEOUT(focusedCellName(), named(20), 5000);
-        go(21);
-        press();
+        pressThenGo(21);
         QTRY_COMPARE_WITH_TIMEOUT(focusedCellName(), named(21), 5000);
         for (int p = 0; p < 36; ++p)
-            if (held[std::size_t(p)] != p)
-                carry(int(std::find(held.begin(), held.end(), p) - held.begin()), p);
-        press();
-        img = g.shot("keys-solved", 2000);
-        QCOMPARE(g.at(img, 140, 63), qRgb(255, 0, 0) & 0xFFFFFF);
+            if (held[p] != p)
+                carry(int(held.indexOf(p)), p);
+        pressThenGo(0);
+        const QImage solved = g.shot("keys-solved", 2000);
+        QCOMPARE(g.at(solved, 140, 63), qRgb(255, 0, 0) & 0xFFFFFF);
         for (int p = 0; p < 36; ++p)
-            QCOMPARE(g.tile(img, board, p), home(p));
+            QCOMPARE(shown(solved, p), home(p));
     }
 
     // "Image Library", then a double-click on the first thumbnail: its picture in the red frame.
