@@ -129,10 +129,10 @@ inline void solveByKeys(vxmain &w)
 {
     const PuzzleState &s = w.state();
     for (int p = 0; s.InPlay && p < s.TileTotal; ++p) {
-        std::vector<TileRec> held(s.Board.begin(), s.Board.begin() + s.TileTotal);
-        held.insert(held.end(), s.Pcs.begin(), s.Pcs.begin() + s.GridN);
-        cursorTo(w,
-            int(std::find_if(held.begin(), held.end(), [&](auto t) { return t.Home == p; }) - held.begin()));
+        int from = 0;
+        while ((from < s.TileTotal ? s.Board[from] : s.Pcs[from - s.TileTotal]).Home != p)
+            ++from;
+        cursorTo(w, from);
         QTest::keyClick(w.vxrz, Qt::Key_Space);
         cursorTo(w, p);
         QTest::keyClick(w.vxrz, Qt::Key_Enter);
