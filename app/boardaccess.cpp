@@ -1,6 +1,7 @@
 // The board for a screen reader: a table of holders (the board's places in rows, the tray boxes as the
 // last row), each named by its place and what stands on it; the holder under the keyboard's cursor has
-// the focus and describes the last thing that happened.
+// the focus and describes the last thing that happened. As a table, readers can say where a holder is and
+// move by rows and columns; nothing in it is ever selected.
 #include "app/boardaccess.h"
 
 #include "app/vxmain.h"
@@ -11,7 +12,7 @@
 
 namespace
 {
-class BoardAccessible : public QAccessibleWidget
+class BoardAccessible : public QAccessibleWidget, public QAccessibleTableInterface
 {
 public:
     explicit BoardAccessible(QWidget *board)
@@ -61,11 +62,97 @@ public:
         return nullptr;
     }
 
+    void *interface_cast(QAccessible::InterfaceType t) override
+    {
+        if (t == QAccessible::TableInterface)
+            return static_cast<QAccessibleTableInterface *>(this);
+        return QAccessibleWidget::interface_cast(t);
+    }
+    int columnCount() const override
+    {
+        return childCount() > 0 ? game()->state().GridN : 0;
+    }
+    int rowCount() const override
+    {
+        return columnCount() > 0 ? childCount() / columnCount() : 0;
+    }
+    QAccessibleInterface *cellAt(int row, int column) const override
+    {
+        return column >= 0 && column < columnCount() ? child(row * columnCount() + column) : nullptr;
+    }
+    QAccessibleInterface *caption() const override
+    {
+        return nullptr;
+    }
+    QAccessibleInterface *summary() const override
+    {
+        return nullptr;
+    }
+    QString columnDescription(int) const override
+    {
+        return {};
+    }
+    QString rowDescription(int) const override
+    {
+        return {};
+    }
+    int selectedCellCount() const override
+    {
+        return 0;
+    }
+    QList<QAccessibleInterface *> selectedCells() const override
+    {
+        return {};
+    }
+    int selectedColumnCount() const override
+    {
+        return 0;
+    }
+    QList<int> selectedColumns() const override
+    {
+        return {};
+    }
+    int selectedRowCount() const override
+    {
+        return 0;
+    }
+    QList<int> selectedRows() const override
+    {
+        return {};
+    }
+    bool isColumnSelected(int) const override
+    {
+        return false;
+    }
+    bool isRowSelected(int) const override
+    {
+        return false;
+    }
+    bool selectRow(int) override
+    {
+        return false;
+    }
+    bool selectColumn(int) override
+    {
+        return false;
+    }
+    bool unselectRow(int) override
+    {
+        return false;
+    }
+    bool unselectColumn(int) override
+    {
+        return false;
+    }
+    void modelChange(QAccessibleTableModelChangeEvent *) override
+    {
+    }
+
 private:
     mutable std::vector<QAccessible::Id> m_cells;
 };
 
-class HolderAccessible : public QAccessibleInterface
+class HolderAccessible : public QAccessibleInterface, public QAccessibleTableCellInterface
 {
 public:
     HolderAccessible(BoardAccessible *board, int h)
@@ -144,6 +231,44 @@ public:
         st.focused = m_h == g->cursorHolder() && g->vxrz->hasFocus();
         st.invisible = !g->holderBox(m_h)->isVisible();
         return st;
+    }
+
+    void *interface_cast(QAccessible::InterfaceType t) override
+    {
+        return t == QAccessible::TableCellInterface ? static_cast<QAccessibleTableCellInterface *>(this)
+                                                    : nullptr;
+    }
+    int columnIndex() const override
+    {
+        return m_h % m_board->game()->state().GridN;
+    }
+    int rowIndex() const override
+    {
+        return m_h / m_board->game()->state().GridN;
+    }
+    int columnExtent() const override
+    {
+        return 1;
+    }
+    int rowExtent() const override
+    {
+        return 1;
+    }
+    QList<QAccessibleInterface *> columnHeaderCells() const override
+    {
+        return {};
+    }
+    QList<QAccessibleInterface *> rowHeaderCells() const override
+    {
+        return {};
+    }
+    bool isSelected() const override
+    {
+        return false;
+    }
+    QAccessibleInterface *table() const override
+    {
+        return m_board;
     }
 
 private:
