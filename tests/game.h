@@ -113,8 +113,7 @@ inline void park(vxmain &w, int k)
     w.Form_MouseUp(w.vxpcs[k]->x() + 10, w.vxpcs[k]->y() + 10);
 }
 
-// Arrows from the keyboard's cursor to holder `to`: along the row, then up or down (the tray is the last
-// row).
+// Arrows from the keyboard's cursor to holder `to`: along the row, then up or down (the tray: the last row).
 inline void cursorTo(vxmain &w, int to)
 {
     const int n = w.state().GridN;
@@ -171,12 +170,10 @@ inline QImage insideHolder(const vxmain &w, int h, bool fine = false)
 {
     const PuzzleState &s = w.state();
     const PictureBox *box = h >= s.TileTotal ? w.vxpcs[h - s.TileTotal] : w.vxrz;
-    const QRect inner
-        = QRect(1, 1, s.TileW - 2, s.TileH - 2)
-              .translated(h >= s.TileTotal ? QPoint() : QPoint(h % s.GridN * s.TileW, h / s.GridN * s.TileH));
+    const QPoint at
+        = h >= s.TileTotal ? QPoint(1, 1) : QPoint(h % s.GridN * s.TileW + 1, h / s.GridN * s.TileH + 1);
     const int r = fine ? int(box->fine()->devicePixelRatio()) : 1;
-    const QImage &drawing = fine ? *box->fine() : box->image();
-    return drawing.copy(QRect(inner.topLeft() * r, inner.size() * r));
+    return (fine ? *box->fine() : box->image()).copy(QRect(at * r, QSize(s.TileW - 2, s.TileH - 2) * r));
 }
 
 // Every board place, and every tray box in use in a drag puzzle, shows its record: its piece, or the

@@ -83,21 +83,19 @@ private slots:
             QCOMPARE(g.w.vxpcs[0]->pos(), tray);
     }
 
-    // At every size the tray's boxes, of a tile's size, stand evenly spaced from the outer frame's left edge
-    // to its right one: the last box ends less than a pixel per gap short of it.
+    // At every size the tray's boxes stand evenly spaced from the outer frame's left edge to its right one:
+    // the last box ends less than a pixel per gap short of it.
     void trayRowSpansFrame()
     {
         Game g;
         g.s().PuzType = Codes::Drag;
         for (Integer n = 2; n <= 11; ++n) {
             g.s().setGridSize(n);
-            g.w.vxrz->setBoxSize(520, 390);
             g.w.ScrResize();
             const QRect frame = g.w.vxframe_main->geometry(), last = g.w.vxpcs[n - 1]->geometry();
-            const int step = g.w.vxpcs[1]->x() - g.w.vxpcs[0]->x();
-            QVERIFY(g.w.vxpcs[0]->x() == frame.x() && last.x() == frame.x() + (n - 1) * step);
-            QVERIFY2(last.size() == QSize(g.s().TileW, g.s().TileH) && last.right() <= frame.right()
-                    && frame.right() - last.right() < n - 1,
+            QVERIFY2(g.w.vxpcs[0]->x() == frame.x()
+                    && last.x() == frame.x() + (n - 1) * (g.w.vxpcs[1]->x() - frame.x())
+                    && last.right() <= frame.right() && frame.right() - last.right() < n - 1,
                 qPrintable(QString::number(n)));
         }
     }
