@@ -1,10 +1,12 @@
 // The game on a desktop: a screen reader, and a dense screen's drawing, this test running at a device
 // pixel ratio of 2 (arrow keys: the soak; dropped pictures: with "Open Image" in tst_picture).
 #include "game.h"
+#include "pictures/libfrm.h"
 #include "platform/facebutton.h"
 #include "platform/qtservices.h"
 
 #include <QAccessible>
+#include <QPushButton>
 #include <QTest>
 #include <QTimer>
 
@@ -65,9 +67,9 @@ private slots:
         QVERIFY(!g.s().InPlay && framed(w) && board->text(QAccessible::Description) == "Solved");
     }
 
-    // The board decodes the picture at device resolution (stripes one device pixel wide stay sharp), the
-    // tray boxes and the carried piece copy those pixels, grid lines cover whole squares of them, and the
-    // help's fine drawing holds every line.
+    // The board and the library's thumbnails decode their pictures at device resolution (stripes one device
+    // pixel wide stay sharp), the tray boxes and the carried piece copy those pixels, grid lines cover whole
+    // squares of them, and the help's fine drawing holds every line.
     void denseScreenDrawsDevicePixels()
     {
         Game g;
@@ -88,6 +90,13 @@ private slots:
         for (int y = 0; y < g.w.vxrz->height(); ++y) // a grid line covers whole squares (the stripes' black)
             if (g.w.vxrz->image().pixel(g.s().TileW, y) == qRgb(255, 255, 255))
                 QCOMPARE(g.w.vxrz->fine()->pixel(2 * g.s().TileW, 2 * y + 1), qRgb(255, 255, 255));
+        const QImage small = stripes.copy(0, 0, 224, 168); // a thumbnail's box at ratio 2
+        g.file("lib/VX_stripes.gif", encode(small, "gif"));
+        g.tp.modals.script = [&](QDialog &d) {
+            QVERIFY(difference(*static_cast<libfrm &>(d).libimg[0]->fine(), small) < 20);
+            static_cast<libfrm &>(d).cb_cancel->click();
+        };
+        g.w.cb_lib_Click();
         g.w.cb_helpdoc_Click();
         // The rows, in window pixels, that hold the blue of the lines printed on the help.
         const auto blueRows = [](const QImage &img, int r) {
