@@ -13,12 +13,10 @@
 
 namespace
 {
-QVariant call(const QDBusConnection &bus,
-    const QStringList &object,
-    const QString &method,
-    const QVariantList &args = {})
+QVariant call(
+    const QDBusConnection &bus, const QStringList &at, const QString &method, QVariantList args = {})
 {
-    QDBusMessage m = QDBusMessage::createMethodCall(object[0], object[1], object[2], method);
+    QDBusMessage m = QDBusMessage::createMethodCall(at[0], at[1], at[2], method);
     m.setArguments(args);
     return bus.call(m, QDBus::Block, 5000).arguments().value(0);
 }

@@ -51,8 +51,7 @@ bool randomMove(vxmain &w, QRandomGenerator &rng)
             rng.bounded(2) ? Qt::ShiftModifier : Qt::NoModifier, at.x(), at.y());
         return s.BlankPos == (besides(s, pressed, b) ? pressed : b);
     }
-    if (rng.bounded(3) == 0) { // the keys: a lift, two arrows, a drop or Escape; Escape again puts back a
-        // piece the last key lifted when the first met an empty holder
+    if (rng.bounded(3) == 0) { // the keys: a lift, two arrows, a drop or Escape, Escape for a last key's lift
         for (const int key : { int(Qt::Key_Space), Qt::Key_Left + k, Qt::Key_Left + int(rng.bounded(4)),
                  rng.bounded(5) ? int(Qt::Key_Return) : int(Qt::Key_Escape), int(Qt::Key_Escape) })
             QTest::keyClick(w.vxrz, Qt::Key(key));
