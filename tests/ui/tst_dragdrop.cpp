@@ -265,6 +265,9 @@ private slots:
         QVERIFY(!outline->isVisible() && QApplication::focusWidget() == w.vxrz);
         QTest::keyClick(w.vxrz, Qt::Key_Up);
         QVERIFY(outline->isVisible());
+        g.tp.messages.answers = { MsgAnswer::Yes };
+        w.cb_type_Click(); // play ends: the cursor goes; it stays away after the scramble
+        QVERIFY(!outline->isVisible() && !g.s().InPlay);
         w.cb_scramble_Click();
         QVERIFY(!outline->isVisible() && w.cursorHolder() == 0);
     }
