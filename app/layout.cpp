@@ -110,4 +110,6 @@ void vxmain::ScrResize()
     if (s.PuzType == Codes::Drag)
         for (int i = 0; i < Codes::TraySlots; ++i)
             vxpcs[i]->setVisible(i < s.GridN);
+    // The keyboard's cursor follows the tiles' new size, or goes with the puzzle (a type switch ends play).
+    showCursor();
 }

@@ -1,6 +1,7 @@
 // The main window: builds its controls, runs start-up and routes window and mouse events to handlers.
 #include "app/vxmain.h"
 
+#include "app/boardaccess.h"
 #include "platform/caption.h"
 #include "platform/closewatch.h"
 #include "platform/facebutton.h"
@@ -76,6 +77,7 @@ vxmain::vxmain(const Platform &platform, const QString &programFolder, QWidget *
     m_fineRatio = std::max(int(std::ceil(devicePixelRatioF())), 1);
     // Picture files dropped from the file manager open as "Open Image" would open them.
     setAcceptDrops(true);
+    installBoardAccessibility();
     buildControls();
     Form_Load();
     // The caption stays empty on every desktop, not only in Qt's own idea of the title.
@@ -100,6 +102,12 @@ void vxmain::buildControls()
     vxrz_s->hide();
     vxrz = new PictureBox(c, BoardBack);
     vxrz->setCursor(Qt::ArrowCursor);
+    vxrz->setObjectName(QStringLiteral("board"));
+    // The board takes the keys (Tab reaches it from the command bar); its own keys are filtered here.
+    vxrz->setFocusPolicy(Qt::StrongFocus);
+    vxrz->installEventFilter(this);
+    m_cursorBox = new CursorOutline(vxrz);
+    m_cursorBox->hide();
     hlpfr_rz = new ShapeBox(vxrz, Qt::transparent, Red, 2, false);
     hlpfr_rz->hide();
     vxblank = new PictureBox(c, BoardBack);
@@ -132,6 +140,10 @@ void vxmain::buildControls()
     buildHelpViews();
     connect(
         vxrz, &PictureBox::mousePressed, this, [this](Qt::MouseButton b, Qt::KeyboardModifiers m, QPointF p) {
+            // A press hides the keyboard's cursor, unless the keys carry a piece (the press is refused then).
+            if (m_state.DragIdx < 0)
+                m_cursorShown = false;
+            showCursor();
             vxrz_MouseDown(b, m, float(p.x()), float(p.y()));
         });
 }
@@ -176,6 +188,9 @@ void vxmain::Form_Load()
     for (int i = 0; i < Codes::TraySlots; ++i) {
         connect(vxpcs[i], &PictureBox::mousePressed, this,
             [this, i](Qt::MouseButton b, Qt::KeyboardModifiers m, QPointF p) {
+                if (m_state.DragIdx < 0)
+                    m_cursorShown = false;
+                showCursor();
                 vxpcs_MouseDown(i, b, m, float(p.x()), float(p.y()));
             });
         vxpcs[i]->stackUnder(vxdrag);
@@ -269,6 +284,8 @@ void vxmain::paintEvent(QPaintEvent *)
 
 bool vxmain::eventFilter(QObject *watched, QEvent *event)
 {
+    if (watched == vxrz && event->type() == QEvent::KeyPress)
+        return boardKey(static_cast<QKeyEvent *>(event)->key());
     // Moves and the release during a drag reach the window wherever the pointer goes (it is grabbed).
     if (watched == m_client) {
         if (event->type() == QEvent::MouseMove) {

@@ -6,11 +6,14 @@
 #include "play/puzzlestate.h"
 #include "play/random.h"
 
+#include <QAccessible>
 #include <QWidget>
 #include <array>
 #include <memory>
 
 class CloseWatch;
+class CursorOutline;
+struct DropTarget;
 class FaceButton;
 class PictureBox;
 class ShapeBox;
@@ -71,8 +74,28 @@ public:
     void vxpcs_MouseDown(int Index, Qt::MouseButton button, Qt::KeyboardModifiers shift, float X, float Y);
     void Form_MouseMove(float X, float Y);
     void Form_MouseUp(float X, float Y);
-    // An arrow key in the slide puzzle: the tile on that side of the blank is pressed. False for other keys.
+    // An arrow key: in the slide puzzle the tile on that side of the blank is pressed, in the drag puzzle
+    // the keyboard's cursor moves one holder. False for other keys.
     bool Form_KeyDown(int key);
+
+    // Holders are numbered as one list: board places 0 .. TileTotal - 1, then in the drag puzzle the tray
+    // boxes, one under each column, as the board's last row.
+    int holderCount() const;
+    PictureBox *holderBox(int h) const;
+    // The holder's rectangle in its box's pixels (a board place with the grid lines round it).
+    QRect holderRect(int h) const;
+    // What a screen reader hears for a holder: where it is and what stands on it.
+    QString holderName(int h) const;
+    // The holder under the keyboard's cursor, and whether its outline is drawn.
+    int cursorHolder() const
+    {
+        return m_cursor;
+    }
+    // The last lift, drop, move or "Solved" told to a screen reader.
+    QString announcement() const
+    {
+        return m_announcement;
+    }
 
     // A picture file dropped on the window from outside: opened as if chosen with "Open Image".
     void Form_DragDrop(const QString &path);
@@ -171,9 +194,23 @@ private:
     // Ends a drag whatever ends it: the pointer released, the boxes enabled, the drag image hidden.
     // Returns the holder the piece was lifted from.
     int endDrag();
+    // The drop, by the pointer or the keys, on a target found by either; then the solved test.
+    void finishDrop(const DropTarget &target, int S);
     void dropOnBoard(const QPoint &point, int S);
     void dropOnTray(int k, int S);
     void putBack(int S);
+    // Space, Enter and Escape on the board in the drag puzzle; false for other keys.
+    bool boardKey(int key);
+    void moveCursor(int dc, int dr);
+    // Back to place 0, not drawn, the board focused: after a scramble or a load.
+    void resetCursor();
+    // The outline over the cursor's holder while it is wanted and the puzzle is in play.
+    void showCursor();
+    // The piece the keys carry floats over the cursor's holder.
+    void placeDragImage();
+    // A screen reader hears of the holder under the cursor, and of what happened.
+    void tellFocus(QAccessible::Event what);
+    void announce(const QString &text);
     // The picture is whole again: the frame, the whole picture, and play ends.
     void finishSolved();
     void HelpOn(Integer pos, bool fromTray);
@@ -181,7 +218,7 @@ private:
     void buildHelpViews();
     // The help picture, drawn under the lines printed on the box the first time the help is shown.
     void drawHelpDocument();
-    // After a view: the tray boxes in use come back for the drag-and-drop puzzle.
+    // After a view: the tray boxes in use come back for the drag-and-drop puzzle, the keys to the board.
     void showTrayAfterView();
     // Mode "Lib" of LoadPic: the chosen file into the library folder.
     bool storeInLibrary();
@@ -205,6 +242,15 @@ private:
     std::unique_ptr<CloseWatch> m_closeWatch;
     // Device pixels to a pixel of the window, rounded up: the density of the boxes' second drawing.
     int m_fineRatio = 1;
+    // The keyboard's cursor (a holder), whether an arrow has been pressed since the last scramble or load,
+    // and whether the lifted piece belongs to the keys (then the pointer leaves it alone, and the other
+    // way round).
+    int m_cursor = 0;
+    bool m_cursorShown = false;
+    bool m_keyLift = false;
+    bool m_keysOnBoard = false;
+    CursorOutline *m_cursorBox = nullptr;
+    QString m_announcement;
     // The board box the picture on the board was fitted into, before the layout rounded it to tiles.
     QSize m_fitted;
 

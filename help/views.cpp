@@ -35,6 +35,8 @@ void vxmain::showTrayAfterView()
     if (s.PuzType == Codes::Drag)
         for (int i = 0; i < Codes::TraySlots && i < s.GridN; ++i)
             vxpcs[i]->show();
+    // The keys went nowhere while the board was hidden: they come back to it.
+    vxrz->setFocus(Qt::OtherFocusReason);
 }
 
 void vxmain::cb_full_Click()

@@ -17,6 +17,21 @@ ShapeBox::ShapeBox(QWidget *parent, QColor fill, QColor border, int borderWidth,
         setAttribute(Qt::WA_OpaquePaintEvent);
 }
 
+CursorOutline::CursorOutline(QWidget *parent)
+    : QWidget(parent)
+{
+    setAttribute(Qt::WA_TransparentForMouseEvents);
+}
+
+void CursorOutline::paintEvent(QPaintEvent *)
+{
+    QPainter p(this);
+    p.setPen(QPen(Qt::black, 2, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
+    p.drawRect(QRectF(rect()).adjusted(1, 1, -1, -1));
+    p.setPen(QPen(Qt::white, 2, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
+    p.drawRect(QRectF(rect()).adjusted(3, 3, -3, -3));
+}
+
 void ShapeBox::setFillColor(QColor fill)
 {
     m_fill = fill;

@@ -25,6 +25,18 @@ private:
     bool m_filled;
 };
 
+// The keyboard's cursor round a holder: a dark and a light line side by side, so that it shows on any
+// picture. It lies over the holder's box and takes no input; the box's drawing stays as it was.
+class CursorOutline : public QWidget
+{
+    Q_OBJECT
+public:
+    explicit CursorOutline(QWidget *parent);
+
+protected:
+    void paintEvent(QPaintEvent *event) override;
+};
+
 // A one-line text label with its own colours.
 class TextLabel : public QWidget
 {

@@ -30,6 +30,7 @@ void vxmain::Scramble()
             box->clearPicture();
     DrawLines();
     s.InPlay = true;
+    resetCursor();
     m_platform.pointers.set(PointerShape::Default);
 }
 
@@ -74,43 +75,10 @@ void vxmain::vxrz_MouseDown(Qt::MouseButton, Qt::KeyboardModifiers, float X, flo
         bitBlt(*vxrz, s.PosX, s.PosY, s.TileW, s.TileH, *vxblank, 0, 0);
         slideTile(s, P, Q);
         DrawLines();
+        announce(tr("Piece %1 moved").arg(s.Board[Q].Home + 1));
     }
     if (s.InPlace == s.TileTotal)
         finishSolved();
-}
-
-bool vxmain::Form_KeyDown(int key)
-{
-    PuzzleState &s = m_state;
-    int dc = 0, dr = 0;
-    switch (key) {
-    case Qt::Key_Left:
-        dc = -1;
-        break;
-    case Qt::Key_Right:
-        dc = 1;
-        break;
-    case Qt::Key_Up:
-        dr = -1;
-        break;
-    case Qt::Key_Down:
-        dr = 1;
-        break;
-    default:
-        return false;
-    }
-    // Only where the mouse could press the board; the press itself applies every other guard.
-    if (s.PuzType != Codes::Slide || !vxrz->isVisible() || s.BlankPos < 0 || s.BlankPos >= s.TileTotal)
-        return true;
-    s.GetCRfromPos(s.BlankPos);
-    const int col = s.PosCol + dc;
-    const int row = s.PosRow + dr;
-    if (col < 0 || row < 0 || col >= s.GridN || row >= s.GridN)
-        return true;
-    s.GetPosFromCR(Integer(col), Integer(row));
-    s.Find_XY(s.CurPos);
-    vxrz_MouseDown(Qt::NoButton, Qt::NoModifier, float(s.PosX + s.TileW / 2), float(s.PosY + s.TileH / 2));
-    return true;
 }
 
 void vxmain::finishSolved()
@@ -119,4 +87,6 @@ void vxmain::finishSolved()
     vxrz->setPicture(*vxrz_s);
     vxrz->repaint();
     m_state.InPlay = false;
+    showCursor();
+    announce(tr("Solved"));
 }

@@ -50,6 +50,7 @@ void vxmain::liftFromBoard(Integer P, float X, float Y)
     s.DragFrom = Codes::FromBoard;
     s.DragIdx = P;
     DrawLines();
+    announce(tr("Piece %1 lifted").arg(s.Board[P].Home + 1));
 }
 
 void vxmain::vxpcs_MouseDown(int Index, Qt::MouseButton, Qt::KeyboardModifiers, float X, float Y)
@@ -73,17 +74,23 @@ void vxmain::vxpcs_MouseDown(int Index, Qt::MouseButton, Qt::KeyboardModifiers, 
     startDrag();
     s.DragFrom = Codes::FromTray;
     s.DragIdx = Integer(Index);
+    announce(tr("Piece %1 lifted").arg(s.Pcs[Index].Home + 1));
 }
 
 void vxmain::startDrag()
 {
     vxdrag->raise();
     vxdrag->show();
-    vxrz->setEnabled(false);
-    for (int i = 0; i < m_state.GridN; ++i)
-        vxpcs[i]->setEnabled(false);
-    // Moves and the release reach the window wherever the pointer goes until the drop.
-    m_client->grabMouse();
+    // A piece the keys carry leaves the board its focus; the press guard refuses the pointer's lifts.
+    if (!m_keyLift) {
+        // The disabled board gives its keys away: they come back with the drop.
+        m_keysOnBoard = vxrz->hasFocus();
+        vxrz->setEnabled(false);
+        for (int i = 0; i < m_state.GridN; ++i)
+            vxpcs[i]->setEnabled(false);
+        // Moves and the release reach the window wherever the pointer goes until the drop.
+        m_client->grabMouse();
+    }
     if (!findChild<QObject *>(QStringLiteral("pointerLossWatch"), Qt::FindDirectChildrenOnly))
         new PointerLossWatch(this, [this](QObject *window) {
             // The cast fails once the window is being destroyed (its hide then must not touch the game).
@@ -102,26 +109,35 @@ int vxmain::endDrag()
     vxdrag->hide();
     for (PictureBox *box : vxpcs)
         box->setEnabled(true);
+    if (!m_keyLift && m_keysOnBoard)
+        vxrz->setFocus(Qt::OtherFocusReason);
+    m_keyLift = false;
     return S;
 }
 
 void vxmain::Form_MouseMove(float X, float Y)
 {
     // Moving the drag box repaints only what it uncovers, never the whole board.
-    if (m_state.DragIdx >= 0)
+    if (m_state.DragIdx >= 0 && !m_keyLift)
         vxdrag->move(int(vb::roundHalfEven(X - 4)), int(vb::roundHalfEven(Y - 4)));
 }
 
 void vxmain::Form_MouseUp(float X, float Y)
 {
     PuzzleState &s = m_state;
-    if (s.DragIdx < 0)
+    if (s.DragIdx < 0 || m_keyLift)
         return;
     const int S = endDrag();
     std::vector<QRect> tray;
     for (int i = 0; i < s.GridN; ++i)
         tray.push_back(vxpcs[i]->geometry());
-    const DropTarget target = findDropTarget(QPointF(X, Y), vxrz->geometry(), tray);
+    finishDrop(findDropTarget(QPointF(X, Y), vxrz->geometry(), tray), S);
+}
+
+void vxmain::finishDrop(const DropTarget &target, int S)
+{
+    PuzzleState &s = m_state;
+    const int piece = (s.DragFrom == Codes::FromTray ? s.Pcs[S] : s.Board[S]).Home + 1;
     s.PosX = Integer(target.point.x());
     s.PosY = Integer(target.point.y());
     if (target.kind == DropTarget::Board)
@@ -130,6 +146,8 @@ void vxmain::Form_MouseUp(float X, float Y)
         dropOnTray(target.tray, S);
     else
         putBack(S);
+    announce(
+        (target.kind == DropTarget::Nowhere ? tr("Piece %1 put back") : tr("Piece %1 dropped")).arg(piece));
     if (s.InPlace == s.TileTotal)
         finishSolved();
 }

@@ -97,6 +97,7 @@ void vxmain::showLoaded(const puzzlefile::SavedPuzzle &saved)
     drawBoard();
     drawTrayHeld();
     DrawLines();
+    resetCursor();
     m_platform.pointers.set(PointerShape::Default);
 }
 

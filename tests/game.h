@@ -17,6 +17,7 @@
 #include <QFileInfo>
 #include <QImageWriter>
 #include <QTemporaryDir>
+#include <QTest>
 
 // img as a file of the format (jpg, bmp or gif, which Qt cannot write) would hold it.
 inline QByteArray encode(const QImage &img, const char *format, bool progressive = false)
@@ -112,6 +113,31 @@ inline void park(vxmain &w, int k)
     w.Form_MouseUp(w.vxpcs[k]->x() + 10, w.vxpcs[k]->y() + 10);
 }
 
+// Arrows from the keyboard's cursor to holder `to`: along the row, then up or down (the tray: the last row).
+inline void cursorTo(vxmain &w, int to)
+{
+    const int n = w.state().GridN;
+    for (int c = w.cursorHolder(); c != to; c = w.cursorHolder())
+        QTest::keyClick(w.vxrz,
+            c % n != to % n ? (c % n < to % n ? Qt::Key_Right : Qt::Key_Left)
+                            : (c / n < to / n ? Qt::Key_Down : Qt::Key_Up));
+}
+
+// The keys alone carry every piece home in turn, from the board or the tray.
+inline void solveByKeys(vxmain &w)
+{
+    const PuzzleState &s = w.state();
+    for (int p = 0; s.InPlay && p < s.TileTotal; ++p) {
+        int from = 0;
+        while ((from < s.TileTotal ? s.Board[from] : s.Pcs[from - s.TileTotal]).Home != p)
+            ++from;
+        cursorTo(w, from);
+        QTest::keyClick(w.vxrz, Qt::Key_Space);
+        cursorTo(w, p);
+        QTest::keyClick(w.vxrz, Qt::Key_Enter);
+    }
+}
+
 // The four bars of the frame round the board are shown.
 inline bool framed(const vxmain &w)
 {
@@ -126,28 +152,33 @@ inline bool trayShown(const vxmain &w, int count)
         w.vxpcs.begin(), w.vxpcs.end(), [&](const QWidget *b) { return b->isVisible() == (i++ < count); });
 }
 
-// What a holder shows inside its lines: the piece's part of the whole picture, or the blank image.
-inline QImage expectedInside(const vxmain &w, const TileRec &t, QSize inner)
+// What a holder shows inside its lines: the piece's part of the whole picture, or the blank image; in
+// the device-resolution drawing when fine (a dense screen's), at its ratio.
+inline QImage expectedInside(const vxmain &w, const TileRec &t, QSize inner, bool fine = false)
 {
+    const int r = fine ? int(w.vxrz_s->fine()->devicePixelRatio()) : 1;
     if (t.Home >= 0)
-        return w.vxrz_s->image().copy(QRect(QPoint(t.SrcX + 1, t.SrcY + 1), inner));
-    QImage blank(inner, QImage::Format_RGB32);
+        return (fine ? *w.vxrz_s->fine() : w.vxrz_s->image())
+            .copy(QRect(QPoint(t.SrcX + 1, t.SrcY + 1) * r, inner * r));
+    QImage blank(inner * r, QImage::Format_RGB32);
     blank.fill(BlankColour);
     return blank;
 }
 
 // What holder h shows inside its lines: board places 0 .. TileTotal - 1, then the tray boxes.
-inline QImage insideHolder(const vxmain &w, int h)
+inline QImage insideHolder(const vxmain &w, int h, bool fine = false)
 {
     const PuzzleState &s = w.state();
-    const QRect inner(1, 1, s.TileW - 2, s.TileH - 2);
-    if (h >= s.TileTotal)
-        return w.vxpcs[h - s.TileTotal]->image().copy(inner);
-    return w.vxrz->image().copy(inner.translated(h % s.GridN * s.TileW, h / s.GridN * s.TileH));
+    const PictureBox *box = h >= s.TileTotal ? w.vxpcs[h - s.TileTotal] : w.vxrz;
+    const QPoint at
+        = h >= s.TileTotal ? QPoint(1, 1) : QPoint(h % s.GridN * s.TileW + 1, h / s.GridN * s.TileH + 1);
+    const int r = fine ? int(box->fine()->devicePixelRatio()) : 1;
+    return (fine ? *box->fine() : box->image()).copy(QRect(at * r, QSize(s.TileW - 2, s.TileH - 2) * r));
 }
 
 // Every board place, and every tray box in use in a drag puzzle, shows its record: its piece, or the
-// blank image where no piece is and where the slide puzzle's blank stands.
+// blank image where no piece is and where the slide puzzle's blank stands; on a dense screen in both
+// drawings.
 inline bool holdersShowTables(const vxmain &w)
 {
     const PuzzleState &s = w.state();
@@ -156,8 +187,9 @@ inline bool holdersShowTables(const vxmain &w)
         TileRec t = h < s.TileTotal ? s.Board[h] : s.Pcs[h - s.TileTotal];
         if (!tray && h == s.BlankPos)
             t.Home = -1;
-        if (insideHolder(w, h) != expectedInside(w, t, QSize(s.TileW - 2, s.TileH - 2)))
-            return false;
+        for (bool fine : { false, w.vxrz->fine() != nullptr })
+            if (insideHolder(w, h, fine) != expectedInside(w, t, QSize(s.TileW - 2, s.TileH - 2), fine))
+                return false;
     }
     return true;
 }

@@ -11,9 +11,10 @@ pkgs+=(fonts-liberation openbox wmctrl)
 pkgs+=(qt6-l10n-tools qt6-translations-l10n)
 # Qt's Wayland plugin and a compositor to run it under: the real-window tests play the game on Wayland too.
 pkgs+=(qt6-wayland weston)
-# What other programs make of the thumbnail cache: GLib's gio (libglib2.0-bin, below, with gdbus), and the
-# thumbnailer service on a session bus of its own.
-pkgs+=(dbus-daemon tumbler)
+# A session bus, the thumbnailer service on it (what other programs make of the thumbnail cache, beside
+# GLib's gio below), and the accessibility bus with its registry: the real-window test reads the game as a
+# screen reader does, through AT-SPI.
+pkgs+=(dbus-daemon tumbler at-spi2-core)
 # The install's validators and the .deb package's library dependencies.
 pkgs+=(desktop-file-utils appstream dpkg-dev file)
 # The manual page, written from the program's --help at build time; Debian's checker of the .deb; and

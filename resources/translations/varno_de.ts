@@ -373,5 +373,57 @@ Möchten Sie die Spielart wechseln?</translation>
             <numerusform>Der Pfad des Bildes ist länger als %n Bytes</numerusform>
         </translation>
     </message>
+    <message>
+        <source>Puzzle board</source>
+        <translation>Spielfeld</translation>
+    </message>
+    <message>
+        <source>Piece %1 moved</source>
+        <translation>Teil %1 verschoben</translation>
+    </message>
+    <message>
+        <source>Solved</source>
+        <translation>Gelöst</translation>
+    </message>
+    <message>
+        <source>Piece %1 lifted</source>
+        <translation>Teil %1 aufgenommen</translation>
+    </message>
+    <message>
+        <source>Piece %1 put back</source>
+        <translation>Teil %1 zurückgelegt</translation>
+    </message>
+    <message>
+        <source>Piece %1 dropped</source>
+        <translation>Teil %1 abgelegt</translation>
+    </message>
+    <message>
+        <source>Tray box %1</source>
+        <translation>Ablagefach %1</translation>
+    </message>
+    <message>
+        <source>Row %1, column %2</source>
+        <translation>Zeile %1, Spalte %2</translation>
+    </message>
+    <message>
+        <source>empty</source>
+        <translation>leer</translation>
+    </message>
+    <message>
+        <source>blank</source>
+        <translation>Lücke</translation>
+    </message>
+    <message>
+        <source>piece %1, in place</source>
+        <translation>Teil %1, am richtigen Platz</translation>
+    </message>
+    <message>
+        <source>piece %1</source>
+        <translation>Teil %1</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1: %2</translation>
+    </message>
 </context>
 </TS>

@@ -373,5 +373,57 @@ Do You Wish to Change Type</source>
             <numerusform>la ruta de la imagen tiene más de %n bytes</numerusform>
         </translation>
     </message>
+    <message>
+        <source>Puzzle board</source>
+        <translation>Tablero del puzzle</translation>
+    </message>
+    <message>
+        <source>Piece %1 moved</source>
+        <translation>Pieza %1 movida</translation>
+    </message>
+    <message>
+        <source>Solved</source>
+        <translation>Resuelto</translation>
+    </message>
+    <message>
+        <source>Piece %1 lifted</source>
+        <translation>Pieza %1 levantada</translation>
+    </message>
+    <message>
+        <source>Piece %1 put back</source>
+        <translation>Pieza %1 devuelta a su sitio</translation>
+    </message>
+    <message>
+        <source>Piece %1 dropped</source>
+        <translation>Pieza %1 colocada</translation>
+    </message>
+    <message>
+        <source>Tray box %1</source>
+        <translation>Casilla %1 de la bandeja</translation>
+    </message>
+    <message>
+        <source>Row %1, column %2</source>
+        <translation>Fila %1, columna %2</translation>
+    </message>
+    <message>
+        <source>empty</source>
+        <translation>vacía</translation>
+    </message>
+    <message>
+        <source>blank</source>
+        <translation>hueco</translation>
+    </message>
+    <message>
+        <source>piece %1, in place</source>
+        <translation>pieza %1, en su sitio</translation>
+    </message>
+    <message>
+        <source>piece %1</source>
+        <translation>pieza %1</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1: %2</translation>
+    </message>
 </context>
 </TS>

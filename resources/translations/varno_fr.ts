@@ -373,5 +373,57 @@ Voulez-vous changer le type de jeu&#x202f;?</translation>
             <numerusform>le chemin de l&apos;image dépasse %n octets</numerusform>
         </translation>
     </message>
+    <message>
+        <source>Puzzle board</source>
+        <translation>Plateau du puzzle</translation>
+    </message>
+    <message>
+        <source>Piece %1 moved</source>
+        <translation>Pièce %1 déplacée</translation>
+    </message>
+    <message>
+        <source>Solved</source>
+        <translation>Résolu</translation>
+    </message>
+    <message>
+        <source>Piece %1 lifted</source>
+        <translation>Pièce %1 soulevée</translation>
+    </message>
+    <message>
+        <source>Piece %1 put back</source>
+        <translation>Pièce %1 remise à sa place d&apos;origine</translation>
+    </message>
+    <message>
+        <source>Piece %1 dropped</source>
+        <translation>Pièce %1 posée</translation>
+    </message>
+    <message>
+        <source>Tray box %1</source>
+        <translation>Case %1 de la réserve</translation>
+    </message>
+    <message>
+        <source>Row %1, column %2</source>
+        <translation>Ligne %1, colonne %2</translation>
+    </message>
+    <message>
+        <source>empty</source>
+        <translation>vide</translation>
+    </message>
+    <message>
+        <source>blank</source>
+        <translation>case vide</translation>
+    </message>
+    <message>
+        <source>piece %1, in place</source>
+        <translation>pièce %1, bien placée</translation>
+    </message>
+    <message>
+        <source>piece %1</source>
+        <translation>pièce %1</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1 : %2</translation>
+    </message>
 </context>
 </TS>

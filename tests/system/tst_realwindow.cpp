@@ -6,10 +6,59 @@
 #include "realgame.h"
 #include "weston.h"
 
+#include <QDBusArgument>
+#include <QDBusConnection>
+#include <QDBusMessage>
+#include <QDBusVariant>
+
+namespace
+{
+QVariant call(
+    const QDBusConnection &bus, const QStringList &at, const QString &method, QVariantList args = {})
+{
+    QDBusMessage m = QDBusMessage::createMethodCall(at[0], at[1], at[2], method);
+    m.setArguments(args);
+    return bus.call(m, QDBus::Block, 5000).arguments().value(0);
+}
+
+// A screen reader's view through AT-SPI, as Orca reads it: the name of the table cell in the focused state,
+// found by walking the accessibility tree from the registry's root on the accessibility bus.
+QString focusedCellName()
+{
+    const QString acc = "org.a11y.atspi.Accessible";
+    const QDBusConnection bus = QDBusConnection::connectToBus(
+        call(QDBusConnection::sessionBus(), { "org.a11y.Bus", "/org/a11y/bus", "org.a11y.Bus" }, "GetAddress")
+            .toString(),
+        "a11y");
+    QList<QStringList> todo { { "org.a11y.atspi.Registry", "/org/a11y/atspi/accessible/root", acc } };
+    while (!todo.isEmpty()) {
+        const QStringList n = todo.takeFirst();
+        if (call(bus, n, "GetRoleName").toString().endsWith("cell") // "cell" from Qt, "table cell" from GTK
+            && qdbus_cast<QList<uint>>(call(bus, n, "GetState")).value(0) & 1u << 12) // ATSPI_STATE_FOCUSED
+            return call(bus, { n[0], n[1], "org.freedesktop.DBus.Properties" }, "Get", { acc, "Name" })
+                .value<QDBusVariant>()
+                .variant()
+                .toString();
+        const QDBusArgument children = call(bus, n, "GetChildren").value<QDBusArgument>();
+        children.beginArray();
+        for (QString service; !children.atEnd();) {
+            QDBusObjectPath path;
+            children.beginStructure();
+            children >> service >> path;
+            children.endStructure();
+            todo << QStringList { service, path.path(), acc };
+        }
+        children.endArray();
+    }
+    return {};
+}
+} // namespace
+
 class RealWindowTest : public QObject
 {
     Q_OBJECT
     RealGame g;
+    QImage m_opened; // the screen with the whole picture on the slide puzzle's board
     const QPoint lib { 174, 127 }; // the library window's top-left, centred on the screen as the game is
     QImage m_start; // the screen at the game's first start
 
@@ -49,7 +98,7 @@ private slots:
         const QString path = g.home.filePath("photo.jpg");
         QVERIFY(picturegen::pattern(QSize(1024, 768), 4).save(path, "JPEG", 95));
         g.open(path);
-        const QImage img = g.shot("opened");
+        const QImage img = m_opened = g.shot("opened");
         QCOMPARE(g.at(img, 140, 103), qRgb(255, 0, 0) & 0xFFFFFF); // the red frame's top-left corner
         QCOMPARE(g.at(img, 140 + 528, 103 + 399), qRgb(255, 0, 0) & 0xFFFFFF); // and its bottom-right one
         // The board shows the picture (its sharp lines decoded at half size, then enlarged).
@@ -125,6 +174,64 @@ private slots:
         for (const QRect &r : { QRect(146, 69, 517, 391), QRect(139, 504, 84, 63) }) // board, first tray box
             QCOMPARE(loaded.copy(r.translated(g.client)), saved.copy(r.translated(g.client)));
         QCOMPARE(g.at(loaded, 140, 63), qRgb(255, 0, 0) & 0xFFFFFF); // the frame stands round the board
+    }
+
+    // The keys alone: a piece parked in the tray, then every piece carried home with the arrows, Space and
+    // Enter (the tray's piece brought back among them); the last drop frames the whole picture. A screen
+    // reader names the holder under the cursor and follows it.
+    void keysAloneSolveDragPuzzle()
+    {
+        const auto home = [&](int p) { return g.tile(m_opened, QPoint(146, 109), p); };
+        // Holders 0 .. 35 are the board's places, 36 .. 41 the tray boxes, 89 pixels apart.
+        const auto shown = [&](const QImage &img, int h) {
+            return h < 36 ? g.tile(img, QPoint(146, 69), h)
+                          : g.tile(img, QPoint(138 + 89 * (h - 36), 503), 0);
+        };
+        const QImage start = g.shot("keys-start");
+        QList<int> held(42, -1); // the home of the piece each holder shows, -1 for none
+        for (int h = 0; h < 42; ++h)
+            for (int p = 0; p < 36; ++p)
+                held[h] = shown(start, h) == home(p) ? p : held[h];
+        QCOMPARE(held.count(-1), 6);
+        int cursor = 0;
+        QStringList keys;
+        const auto go = [&](int to) {
+            for (; cursor % 6 != to % 6; cursor += cursor % 6 < to % 6 ? 1 : -1)
+                keys << (cursor % 6 < to % 6 ? "Right" : "Left");
+            for (; cursor != to; cursor += cursor < to ? 6 : -6)
+                keys << (cursor < to ? "Down" : "Up");
+        };
+        const auto carry = [&](int from, int to) {
+            go(from);
+            keys << "space";
+            go(to);
+            keys << "Return";
+            held.swapItemsAt(from, to);
+        };
+        const auto pressThenGo = [&](int to) {
+            go(to);
+            for (int i = 0; i < keys.size(); i += 60)
+                xdotool(QStringList { "key", "--delay", "20" } + keys.mid(i, 60));
+            keys.clear();
+        };
+        const auto named = [&](int h) {
+            return QString("Row %1, column %2: piece %3").arg(h / 6 + 1).arg(h % 6 + 1).arg(held[h] + 1)
+                + (held[h] == h ? ", in place" : "");
+        };
+        carry(held[0] >= 0 ? 0 : 1, 37);
+        pressThenGo(20);
+        QCOMPARE(shown(g.shot("keys-parked", 300), 37), home(held[37]));
+        QTRY_COMPARE_WITH_TIMEOUT(focusedCellName(), named(20), 5000);
+        pressThenGo(21);
+        QTRY_COMPARE_WITH_TIMEOUT(focusedCellName(), named(21), 5000);
+        for (int p = 0; p < 36; ++p)
+            if (held[p] != p)
+                carry(int(held.indexOf(p)), p);
+        pressThenGo(0);
+        const QImage solved = g.shot("keys-solved", 2000);
+        QCOMPARE(g.at(solved, 140, 63), qRgb(255, 0, 0) & 0xFFFFFF);
+        for (int p = 0; p < 36; ++p)
+            QCOMPARE(shown(solved, p), home(p));
     }
 
     // "Image Library", then a double-click on the first thumbnail: its picture in the red frame.

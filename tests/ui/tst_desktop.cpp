@@ -1,10 +1,12 @@
-// The game on a desktop: a screen reader, and a dense screen's drawing (arrow keys: the soak; dropped
-// pictures: with "Open Image" in tst_picture).
+// The game on a desktop: a screen reader, and a dense screen's drawing, this test running at a device
+// pixel ratio of 2 (arrow keys: the soak; dropped pictures: with "Open Image" in tst_picture).
 #include "game.h"
+#include "pictures/libfrm.h"
 #include "platform/facebutton.h"
 #include "platform/qtservices.h"
 
 #include <QAccessible>
+#include <QPushButton>
 #include <QTest>
 #include <QTimer>
 
@@ -29,21 +31,80 @@ private slots:
         QCOMPARE(heard, QStringLiteral("Open - ERROR|Picture Too Large"));
     }
 
-    // At ratio 2 a stretch samples the picture's pixels, copies carry them, a line covers device squares.
-    void denseBoxKeepsDevicePixels()
+    // The board is a table of holders, the tray its last row, each named by its place and what stands on it;
+    // the holder under the cursor has the focus and describes the last lift or drop; the board tells of the
+    // picture solved by the keys alone. (The events a reader hears: the real-window test, through AT-SPI.)
+    void screenReaderFollowsTheCursor()
     {
-        QImage pic(40, 30, QImage::Format_RGB32);
-        for (int i = 0; i < 40 * 30; ++i)
-            pic.setPixel(i % 40, i / 40, (i % 40 + i / 40) % 2 ? qRgb(255, 255, 255) : qRgb(0, 0, 128));
-        PictureBox a(nullptr), b(nullptr);
-        for (PictureBox *box : { &a, &b })
-            box->setBoxSize(20, 15), box->setFineRatio(2);
-        a.stretchDraw(pic, a.rect());
-        bitBlt(b, 0, 0, 10, 10, a, 5, 5);
-        b.drawLine(0, 14, 20, 14, qRgb(255, 0, 0));
-        QVERIFY(a.image().size() == QSize(20, 15) && *a.fine() == pic);
-        QVERIFY(b.fine()->copy(0, 0, 20, 20) == pic.copy(10, 10, 20, 20));
-        QVERIFY(b.fine()->pixel(0, 28) == qRgb(255, 0, 0) && b.fine()->pixel(39, 29) == qRgb(255, 0, 0));
+        Game g;
+        QVERIFY(g.play(Codes::Drag, 2) && QTest::qWaitForWindowActive(&g.w));
+        vxmain &w = g.w;
+        park(w, 0);
+        const QString piece = QString::number(g.s().Pcs[0].Home + 1);
+        QAccessibleInterface *board = QAccessible::queryAccessibleInterface(w.vxrz);
+        QVERIFY(board->role() == QAccessible::Table && board->text(QAccessible::Name) == "Puzzle board"
+            && board->childCount() == 6);
+        QCOMPARE(board->child(0)->text(QAccessible::Name), "Row 1, column 1: blank");
+        QCOMPARE(board->tableInterface()->cellAt(2, 1)->text(QAccessible::Name), "Tray box 2: empty");
+        QVERIFY(board->tableInterface()->rowCount() == 3
+            && board->child(3)->tableCellInterface()->rowIndex() == 1);
+        const auto focused = [&](QAccessible::Text t) { return board->focusChild()->text(t); };
+        QTest::keyClick(w.vxrz, Qt::Key_Down);
+        QTest::keyClick(w.vxrz, Qt::Key_Down);
+        QTest::keyClick(w.vxrz, Qt::Key_Space);
+        QVERIFY(focused(QAccessible::Name) == "Tray box 1: piece " + piece
+            && focused(QAccessible::Description) == "Piece " + piece + " lifted");
+        const int home = piece.toInt() - 1;
+        cursorTo(w, home);
+        QTest::keyClick(w.vxrz, Qt::Key_Space);
+        QVERIFY(board->focusChild() == board->child(home) && board->child(home)->state().focused);
+        QCOMPARE(board->child(home)->text(QAccessible::Name),
+            QString("Row %1, column %2: piece %3, in place").arg(home / 2 + 1).arg(home % 2 + 1).arg(piece));
+        QCOMPARE(focused(QAccessible::Description), "Piece " + piece + " dropped");
+        solveByKeys(w); // the keys alone: the last drop frames the whole picture and ends play
+        QVERIFY(!g.s().InPlay && framed(w) && board->text(QAccessible::Description) == "Solved");
+    }
+
+    // The board and the library's thumbnails decode their pictures at device resolution (stripes one device
+    // pixel wide stay sharp), the tray boxes and the carried piece copy those pixels, grid lines cover whole
+    // squares of them, and the help's fine drawing holds every line.
+    void denseScreenDrawsDevicePixels()
+    {
+        Game g;
+        QVERIFY(g.play(Codes::Drag, 4) && g.w.devicePixelRatio() == 2);
+        QImage stripes(1040, 780, QImage::Format_RGB32);
+        for (int i = 0; i < 1040 * 780; ++i)
+            stripes.setPixel(i % 1040, i / 1040, i % 2 ? qRgb(255, 255, 255) : qRgb(0, 0, 0));
+        QVERIFY(g.load(g.picture("stripes.bmp", stripes)));
+        g.w.cb_scramble_Click();
+        QVERIFY(difference(*g.w.vxrz_s->fine(), stripes) < 20);
+        park(g.w, 1);
+        g.w.vxrz_MouseDown(Qt::LeftButton, {}, g.s().TileW + 5, 5);
+        const QSize inner(g.s().TileW - 2, g.s().TileH - 2);
+        QCOMPARE(g.w.vxdrag->fine()->copy(QRect(QPoint(2, 2), inner * 2)),
+            expectedInside(g.w, g.s().Board[1], inner, true));
+        g.w.Form_MouseUp(0, 0);
+        QVERIFY(holdersShowTables(g.w));
+        for (int y = 0; y < g.w.vxrz->height(); ++y) // a grid line covers whole squares (the stripes' black)
+            if (g.w.vxrz->image().pixel(g.s().TileW, y) == qRgb(255, 255, 255))
+                QCOMPARE(g.w.vxrz->fine()->pixel(2 * g.s().TileW, 2 * y + 1), qRgb(255, 255, 255));
+        const QImage small = stripes.copy(0, 0, 224, 168); // a thumbnail's box at ratio 2
+        g.file("lib/VX_stripes.gif", encode(small, "gif"));
+        g.tp.modals.script = [&](QDialog &d) {
+            QVERIFY(difference(*static_cast<libfrm &>(d).libimg[0]->fine(), small) < 20);
+            static_cast<libfrm &>(d).cb_cancel->click();
+        };
+        g.w.cb_lib_Click();
+        g.w.cb_helpdoc_Click();
+        // The rows, in window pixels, that hold the blue of the lines printed on the help.
+        const auto blueRows = [](const QImage &img, int r) {
+            QSet<int> rows;
+            for (int i = 0; i < img.width() * img.height(); ++i)
+                if (img.pixel(i % img.width(), i / img.width()) == qRgb(0, 0, 255))
+                    rows << i / img.width() / r;
+            return rows;
+        };
+        QVERIFY(blueRows(*g.w.hlpdoc->fine(), 2).contains(blueRows(g.w.hlpdoc->image(), 1)));
     }
 };
 

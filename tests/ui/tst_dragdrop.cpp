@@ -189,6 +189,88 @@ private slots:
         QVERIFY(g.s().InPlay && !g.s().HintMode && g.s().PuzType == Codes::Drag);
         QVERIFY(idle(w) && tablesShown(w, before, act >= Deactivated ? 0 : 35, 0));
     }
+
+    // The keys play as the pointer does: the cursor walks the holders (the tray boxes as the board's last
+    // row, no wrap at the edges), Space or Enter lifts and drops, Escape puts back, Space on an empty holder
+    // or with the hint armed lifts nothing. A piece lifted by one input is not touched by the other.
+    void keysLiftAndDrop_data()
+    {
+        // Keys (S Space, E Enter, X Escape, L R U D the arrows), pN a mouse lift from holder N, rN a release
+        // over holder N, h the hint armed; then the two holders exchanged and where the cursor ends.
+        columns<QString, int, int, int>({ "script", "a", "b", "cursor" });
+        QTest::newRow("Space, Right, Space") << "S R S" << 0 << 1 << 1;
+        QTest::newRow("no wrap at the edges") << "L U E R R R R E" << 0 << 3 << 3;
+        QTest::newRow("parked in the tray") << "S D D D D D S" << 0 << 16 << 16;
+        QTest::newRow("Escape puts back") << "S R X" << 0 << 0 << 1;
+        QTest::newRow("parked, Space on an empty box, back")
+            << "S D D D D S R S L E U U U U E" << 0 << 0 << 0;
+        QTest::newRow("hint armed: Space shows the home") << "h S" << 0 << 0 << 0;
+        QTest::newRow("mouse lift: keys ignored") << "p5 S R S X r0" << 5 << 0 << 0;
+        QTest::newRow("key lift: mouse ignored") << "S p3 r3 R S" << 0 << 1 << 1;
+    }
+    void keysLiftAndDrop()
+    {
+        const auto [script, a, b, cursor] = fetch<QString, int, int, int>("script", "a", "b", "cursor");
+        Game g;
+        QVERIFY(g.play(Codes::Drag, 4));
+        vxmain &w = g.w;
+        const Held before = held(g.s());
+        const Qt::Key keys[] = { Qt::Key_Space, Qt::Key_Return, Qt::Key_Escape, Qt::Key_Left, Qt::Key_Right,
+            Qt::Key_Up, Qt::Key_Down };
+        for (const QString &k : script.split(' ')) {
+            const bool wasIdle = g.s().DragIdx < 0;
+            if (k == "h")
+                w.cb_help_Click();
+            else if (k[0] == 'p')
+                lift(w, k.mid(1).toInt());
+            else if (k[0] == 'r')
+                dropAt(w, holderPoint(w, k.mid(1).toInt()));
+            else
+                QTest::keyClick(w.vxrz, keys[QString("SEXLRUD").indexOf(k)]);
+            // A piece lifted by a key leaves the pointer free and the board enabled, with its holder blank.
+            if (wasIdle && g.s().DragIdx >= 0 && k[0] != 'p')
+                QVERIFY(w.vxdrag->isVisible() && w.vxrz->isEnabled() && !QWidget::mouseGrabber()
+                    && insideHolder(w, g.s().DragIdx)
+                        == expectedInside(w, { 0, 0, -1 }, QSize(g.s().TileW - 2, g.s().TileH - 2)));
+        }
+        QVERIFY(idle(w) && !g.s().HintMode && tablesShown(w, before, a, b));
+        QCOMPARE(w.cursorHolder(), cursor);
+    }
+
+    // After a scramble the board has the keys; Tab walks the command bar and comes back; a click on a
+    // command leaves the keys where they were. The cursor's outline, dark beside light, lies over its holder
+    // (the board's drawing unchanged) from the first arrow on, follows into the tray, and goes at a mouse
+    // press and at a new scramble.
+    void cursorAndFocus()
+    {
+        Game g;
+        QVERIFY(g.play(Codes::Drag, 4) && QTest::qWaitForWindowActive(&g.w));
+        vxmain &w = g.w;
+        auto *outline = w.findChild<CursorOutline *>();
+        QVERIFY(QApplication::focusWidget() == w.vxrz && !outline->isVisible());
+        QTest::mouseClick(w.cb_grid, Qt::LeftButton);
+        QSet<QWidget *> walked;
+        for (int i = 0; i < 14; ++i)
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab), walked << QApplication::focusWidget();
+        QVERIFY(QApplication::focusWidget() == w.vxrz && walked.size() == 14);
+        const QImage drawn = w.vxrz->image();
+        QTest::keyClick(w.vxrz, Qt::Key_Right);
+        QVERIFY(outline->isVisible() && outline->geometry() == w.holderRect(1) && w.vxrz->image() == drawn);
+        const QImage seen = w.vxrz->grab(outline->geometry()).toImage();
+        QVERIFY(qGray(seen.pixel(0, 9)) < 60 && qGray(seen.pixel(3, 9)) > 200);
+        cursorTo(w, 17);
+        QVERIFY(outline->isVisible() && outline->parentWidget() == w.vxpcs[1]);
+        lift(w, 5);
+        dropAt(w, holderPoint(w, 5));
+        QVERIFY(!outline->isVisible() && QApplication::focusWidget() == w.vxrz);
+        QTest::keyClick(w.vxrz, Qt::Key_Up);
+        QVERIFY(outline->isVisible());
+        g.tp.messages.answers = { MsgAnswer::Yes };
+        w.cb_type_Click(); // play ends: the cursor goes; it stays away after the scramble
+        QVERIFY(!outline->isVisible() && !g.s().InPlay);
+        w.cb_scramble_Click();
+        QVERIFY(!outline->isVisible() && w.cursorHolder() == 0);
+    }
 };
 
 QTEST_MAIN(DragDropTest)

@@ -28,7 +28,7 @@ bool besides(const PuzzleState &s, int a, int b)
 // type "D". Type "S": a press with any button (a modifier changes nothing), half of them on a tile beside the
 // blank, every fourth on the box's extra pixel column or row, which belongs to the last column or row;
 // true when the pressed tile slid only if it stood beside the blank. Type "D": a lift from the board or a
-// tray box and a drop on either or anywhere in the window.
+// tray box and a drop on either or anywhere in the window, by the pointer or by the keys.
 bool randomMove(vxmain &w, QRandomGenerator &rng)
 {
     const PuzzleState &s = w.state();
@@ -50,6 +50,12 @@ bool randomMove(vxmain &w, QRandomGenerator &rng)
         w.vxrz_MouseDown(std::array { Qt::LeftButton, Qt::RightButton, Qt::MiddleButton }[rng.bounded(3)],
             rng.bounded(2) ? Qt::ShiftModifier : Qt::NoModifier, at.x(), at.y());
         return s.BlankPos == (besides(s, pressed, b) ? pressed : b);
+    }
+    if (rng.bounded(3) == 0) { // the keys: a lift, two arrows, a drop or Escape, Escape for a last key's lift
+        for (const int key : { int(Qt::Key_Space), Qt::Key_Left + k, Qt::Key_Left + int(rng.bounded(4)),
+                 rng.bounded(5) ? int(Qt::Key_Return) : int(Qt::Key_Escape), int(Qt::Key_Escape) })
+            QTest::keyClick(w.vxrz, Qt::Key(key));
+        return s.DragIdx < 0;
     }
     const auto anywhere = [&](QWidget *box) {
         return box->mapTo(&w, QPoint(rng.bounded(box->width()), rng.bounded(box->height())));

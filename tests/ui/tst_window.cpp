@@ -82,6 +82,23 @@ private slots:
         if (!tray.isNull())
             QCOMPARE(g.w.vxpcs[0]->pos(), tray);
     }
+
+    // At every size the tray's boxes stand evenly spaced from the outer frame's left edge to its right one:
+    // the last box ends less than a pixel per gap short of it.
+    void trayRowSpansFrame()
+    {
+        Game g;
+        g.s().PuzType = Codes::Drag;
+        for (Integer n = 2; n <= 11; ++n) {
+            g.s().setGridSize(n);
+            g.w.ScrResize();
+            const QRect frame = g.w.vxframe_main->geometry(), last = g.w.vxpcs[n - 1]->geometry();
+            QVERIFY2(g.w.vxpcs[0]->x() == frame.x()
+                    && last.x() == frame.x() + (n - 1) * (g.w.vxpcs[1]->x() - frame.x())
+                    && last.right() <= frame.right() && frame.right() - last.right() < n - 1,
+                qPrintable(QString::number(n)));
+        }
+    }
 };
 
 QTEST_MAIN(WindowTest)
