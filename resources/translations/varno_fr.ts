@@ -423,7 +423,7 @@ Voulez-vous changer le type de jeu&#x202f;?</translation>
     </message>
     <message>
         <source>%1: %2</source>
-        <translation>%1 : %2</translation>
+        <translation>%1&#xa0;: %2</translation>
     </message>
 </context>
 </TS>

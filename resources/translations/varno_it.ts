@@ -373,5 +373,57 @@ Vuoi cambiare tipo di gioco?</translation>
         <source>Varno</source>
         <translation>Varno</translation>
     </message>
+    <message>
+        <source>Puzzle board</source>
+        <translation>Piano di gioco</translation>
+    </message>
+    <message>
+        <source>Piece %1 moved</source>
+        <translation>Tessera %1 spostata</translation>
+    </message>
+    <message>
+        <source>Solved</source>
+        <translation>Risolto</translation>
+    </message>
+    <message>
+        <source>Piece %1 lifted</source>
+        <translation>Tessera %1 sollevata</translation>
+    </message>
+    <message>
+        <source>Piece %1 put back</source>
+        <translation>Tessera %1 rimessa al suo posto</translation>
+    </message>
+    <message>
+        <source>Piece %1 dropped</source>
+        <translation>Tessera %1 posata</translation>
+    </message>
+    <message>
+        <source>Tray box %1</source>
+        <translation>Casella %1 del vassoio</translation>
+    </message>
+    <message>
+        <source>Row %1, column %2</source>
+        <translation>Riga %1, colonna %2</translation>
+    </message>
+    <message>
+        <source>empty</source>
+        <translation>vuota</translation>
+    </message>
+    <message>
+        <source>blank</source>
+        <translation>casella vuota</translation>
+    </message>
+    <message>
+        <source>piece %1, in place</source>
+        <translation>tessera %1, al suo posto</translation>
+    </message>
+    <message>
+        <source>piece %1</source>
+        <translation>tessera %1</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1: %2</translation>
+    </message>
 </context>
 </TS>

@@ -373,5 +373,57 @@ Deseja mudar o tipo de jogo?</translation>
         <source>Varno</source>
         <translation>Varno</translation>
     </message>
+    <message>
+        <source>Puzzle board</source>
+        <translation>Tabuleiro</translation>
+    </message>
+    <message>
+        <source>Piece %1 moved</source>
+        <translation>Peça %1 movida</translation>
+    </message>
+    <message>
+        <source>Solved</source>
+        <translation>Resolvido</translation>
+    </message>
+    <message>
+        <source>Piece %1 lifted</source>
+        <translation>Peça %1 levantada</translation>
+    </message>
+    <message>
+        <source>Piece %1 put back</source>
+        <translation>Peça %1 devolvida ao lugar</translation>
+    </message>
+    <message>
+        <source>Piece %1 dropped</source>
+        <translation>Peça %1 solta</translation>
+    </message>
+    <message>
+        <source>Tray box %1</source>
+        <translation>Casa %1 da bandeja</translation>
+    </message>
+    <message>
+        <source>Row %1, column %2</source>
+        <translation>Linha %1, coluna %2</translation>
+    </message>
+    <message>
+        <source>empty</source>
+        <translation>vazia</translation>
+    </message>
+    <message>
+        <source>blank</source>
+        <translation>espaço vazio</translation>
+    </message>
+    <message>
+        <source>piece %1, in place</source>
+        <translation>peça %1, no lugar certo</translation>
+    </message>
+    <message>
+        <source>piece %1</source>
+        <translation>peça %1</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1: %2</translation>
+    </message>
 </context>
 </TS>
