@@ -152,10 +152,12 @@ inline bool trayShown(const vxmain &w, int count)
         w.vxpcs.begin(), w.vxpcs.end(), [&](const QWidget *b) { return b->isVisible() == (i++ < count); });
 }
 
-// What a holder shows inside its lines: the piece's part of the whole picture, or the blank image; in
-// the device-resolution drawing when fine (a dense screen's), at its ratio.
-inline QImage expectedInside(const vxmain &w, const TileRec &t, QSize inner, bool fine = false)
+// What a holder shows inside its lines (a tile's unless told): the piece's part of the whole picture, or
+// the blank image; in the device-resolution drawing when fine (a dense screen's), at its ratio.
+inline QImage expectedInside(const vxmain &w, const TileRec &t, QSize inner = {}, bool fine = false)
 {
+    if (inner.isEmpty())
+        inner = QSize(w.state().TileW - 2, w.state().TileH - 2);
     const int r = fine ? int(w.vxrz_s->fine()->devicePixelRatio()) : 1;
     if (t.Home >= 0)
         return (fine ? *w.vxrz_s->fine() : w.vxrz_s->image())
@@ -188,7 +190,7 @@ inline bool holdersShowTables(const vxmain &w)
         if (!tray && h == s.BlankPos)
             t.Home = -1;
         for (bool fine : { false, w.vxrz->fine() != nullptr })
-            if (insideHolder(w, h, fine) != expectedInside(w, t, QSize(s.TileW - 2, s.TileH - 2), fine))
+            if (insideHolder(w, h, fine) != expectedInside(w, t, {}, fine))
                 return false;
     }
     return true;

@@ -1,6 +1,8 @@
 // One game per machine: of fifty starts at once exactly one game stays, the others end at once and
 // silently; a lock or a socket left behind by a killed game does not keep the next start out, and nothing
 // sent to its socket harms it. The command line is answered on the terminal without a display.
+#include "table.h"
+
 #include <QDir>
 #include <QLocalSocket>
 #include <QProcess>
@@ -15,22 +17,17 @@ private slots:
     // Help, the version and a mistake end at once with their exit code; none needs a display.
     void commandLineAnsweredWithoutDisplay_data()
     {
-        QTest::addColumn<QStringList>("arguments");
-        QTest::addColumn<int>("code");
-        QTest::addColumn<QString>("out");
-        QTest::addColumn<QString>("err");
-        QTest::newRow("help") << QStringList { "--help" } << 0 << "Usage: varno [options] [picture]\n"
-                              << "";
-        QTest::newRow("version") << QStringList { "-v" } << 0 << "varno 1.0\n"
-                                 << "";
-        QTest::newRow("unknown") << QStringList { "--sound" } << 2 << ""
-                                 << "varno: Unknown option 'sound'.\n";
-        QTest::newRow("two pictures") << QStringList { "a.jpg", "b.jpg" } << 2 << ""
-                                      << "varno: Only one picture can be opened.\n";
+        // The first line printed on standard output, then on standard error.
+        columns<QStringList, int, QString>({ "arguments", "code", "said" });
+        QTest::newRow("help") << QStringList { "--help" } << 0 << "Usage: varno [options] [picture]\n|";
+        QTest::newRow("version") << QStringList { "-v" } << 0 << "varno 1.0\n|";
+        QTest::newRow("unknown") << QStringList { "--sound" } << 2 << "|varno: Unknown option 'sound'.\n";
+        QTest::newRow("two pictures")
+            << QStringList { "a.jpg", "b.jpg" } << 2 << "|varno: Only one picture can be opened.\n";
     }
     void commandLineAnsweredWithoutDisplay()
     {
-        QFETCH(QStringList, arguments);
+        const auto [arguments, code, said] = fetch<QStringList, int, QString>("arguments", "code", "said");
         QProcess p;
         QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
         env.remove("DISPLAY");
@@ -40,15 +37,12 @@ private slots:
         p.setProcessEnvironment(env);
         p.start(QStringLiteral(VARNO_EXE), arguments);
         QVERIFY(p.waitForFinished(10000));
-        QCOMPARE(p.exitStatus(), QProcess::NormalExit);
-        QTEST(p.exitCode(), "code");
         // The first line of each is enough: the rest is Qt's.
         const auto firstLine = [](const QByteArray &text) {
-            return QString::fromLocal8Bit(text).section(
-                QLatin1Char('\n'), 0, 0, QString::SectionIncludeTrailingSep);
+            return QString::fromLocal8Bit(text).section('\n', 0, 0, QString::SectionIncludeTrailingSep);
         };
-        QTEST(firstLine(p.readAllStandardOutput()), "out");
-        QTEST(firstLine(p.readAllStandardError()), "err");
+        QVERIFY(p.exitStatus() == QProcess::NormalExit && p.exitCode() == code);
+        QCOMPARE(firstLine(p.readAllStandardOutput()) + '|' + firstLine(p.readAllStandardError()), said);
     }
 
     void oneGameOfManyStarts()

@@ -80,9 +80,8 @@ private slots:
         QVERIFY(difference(*g.w.vxrz_s->fine(), stripes) < 20);
         park(g.w, 1);
         g.w.vxrz_MouseDown(Qt::LeftButton, {}, g.s().TileW + 5, 5);
-        const QSize inner(g.s().TileW - 2, g.s().TileH - 2);
-        QCOMPARE(g.w.vxdrag->fine()->copy(QRect(QPoint(2, 2), inner * 2)),
-            expectedInside(g.w, g.s().Board[1], inner, true));
+        QCOMPARE(g.w.vxdrag->fine()->copy(QRect(2, 2, g.s().TileW * 2 - 4, g.s().TileH * 2 - 4)),
+            expectedInside(g.w, g.s().Board[1], {}, true));
         g.w.Form_MouseUp(0, 0);
         QVERIFY(holdersShowTables(g.w));
         for (int y = 0; y < g.w.vxrz->height(); ++y) // a grid line covers whole squares (the stripes' black)

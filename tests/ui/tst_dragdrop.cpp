@@ -131,8 +131,7 @@ private slots:
             QVERIFY(w.vxdrag->isVisible() && !w.vxrz->isEnabled() && !w.vxpcs[3]->isEnabled()
                 && QWidget::mouseGrabber() == w.client());
             QCOMPARE(w.vxdrag->pos(), holderPoint(w, holder, QPoint(7, 9)));
-            QCOMPARE(insideHolder(w, holder),
-                expectedInside(w, TileRec { 0, 0, -1 }, QSize(s.TileW - 2, s.TileH - 2)));
+            QCOMPARE(insideHolder(w, holder), expectedInside(w, { 0, 0, -1 }));
             const QImage lifted = w.vxrz->image();
             w.DrawLines();
             QCOMPARE(w.vxrz->image(), lifted);
@@ -230,8 +229,7 @@ private slots:
             // A piece lifted by a key leaves the pointer free and the board enabled, with its holder blank.
             if (wasIdle && g.s().DragIdx >= 0 && k[0] != 'p')
                 QVERIFY(w.vxdrag->isVisible() && w.vxrz->isEnabled() && !QWidget::mouseGrabber()
-                    && insideHolder(w, g.s().DragIdx)
-                        == expectedInside(w, { 0, 0, -1 }, QSize(g.s().TileW - 2, g.s().TileH - 2)));
+                    && insideHolder(w, g.s().DragIdx) == expectedInside(w, { 0, 0, -1 }));
         }
         QVERIFY(idle(w) && !g.s().HintMode && tablesShown(w, before, a, b));
         QCOMPARE(w.cursorHolder(), cursor);

@@ -102,32 +102,30 @@ private slots:
 
     void choosesFromLocale_data()
     {
-        QTest::addColumn<QStringList>("env"); // name=value pairs
-        QTest::addColumn<QString>("chosen");
-        QTest::newRow("nothing set") << QStringList() << "";
-        QTest::newRow("LANG, region and modifier") << QStringList { "LANG=de_AT.UTF-8@euro" } << "de";
-        QTest::newRow("LC_MESSAGES over LANG") << QStringList { "LANG=de_DE", "LC_MESSAGES=fr_FR" } << "fr";
-        QTest::newRow("LC_ALL over both")
-            << QStringList { "LANG=de_DE", "LC_MESSAGES=fr_FR", "LC_ALL=es_ES.UTF-8" } << "es";
-        QTest::newRow("C locale") << QStringList { "LC_ALL=C.UTF-8", "LANG=de_DE" } << "";
-        QTest::newRow("unknown language") << QStringList { "LANG=nl_NL.UTF-8" } << "";
-        QTest::newRow("a region's own") << QStringList { "LANG=pt_BR.UTF-8" } << "pt_BR";
-        QTest::newRow("not another region's") << QStringList { "LANG=pt_PT.UTF-8" } << "";
-        QTest::newRow("LANGUAGE's first known")
-            << QStringList { "LANGUAGE=nl:pt_PT:es_MX:pt_BR", "LANG=de_DE" } << "es";
-        QTest::newRow("English preferred") << QStringList { "LANGUAGE=en_GB:de", "LANG=de_DE" } << "";
-        QTest::newRow("LANGUAGE of none known")
-            << QStringList { "LANGUAGE=nl:pt", "LANG=fr_FR.UTF-8" } << "fr";
-        QTest::newRow("empty LANGUAGE") << QStringList { "LANGUAGE=", "LANG=es_ES" } << "es";
+        columns<QString, QString>({ "env", "chosen" }); // name=value pairs, space-separated
+        const auto row = [](const char *what, const char *env, const char *chosen) {
+            QTest::newRow(what) << QString(env) << QString(chosen);
+        };
+        row("nothing set", "", "");
+        row("LANG, region and modifier", "LANG=de_AT.UTF-8@euro", "de");
+        row("LC_MESSAGES over LANG", "LANG=de_DE LC_MESSAGES=fr_FR", "fr");
+        row("LC_ALL over both", "LANG=de_DE LC_MESSAGES=fr_FR LC_ALL=es_ES.UTF-8", "es");
+        row("C locale", "LC_ALL=C.UTF-8 LANG=de_DE", "");
+        row("unknown language", "LANG=nl_NL.UTF-8", "");
+        row("a region's own", "LANG=pt_BR.UTF-8", "pt_BR");
+        row("not another region's", "LANG=pt_PT.UTF-8", "");
+        row("LANGUAGE's first known", "LANGUAGE=nl:pt_PT:es_MX:pt_BR LANG=de_DE", "es");
+        row("English preferred", "LANGUAGE=en_GB:de LANG=de_DE", "");
+        row("LANGUAGE of none known", "LANGUAGE=nl:pt LANG=fr_FR.UTF-8", "fr");
+        row("empty LANGUAGE", "LANGUAGE= LANG=es_ES", "es");
     }
     void choosesFromLocale()
     {
-        QFETCH(QStringList, env);
-        QFETCH(QString, chosen);
+        const auto [env, chosen] = fetch<QString, QString>("env", "chosen");
         const auto variable = [&](const char *name) {
-            for (const QString &pair : env)
-                if (pair.section(QLatin1Char('='), 0, 0) == QLatin1String(name))
-                    return pair.section(QLatin1Char('='), 1);
+            for (const QString &pair : env.split(' '))
+                if (pair.section('=', 0, 0) == QLatin1String(name))
+                    return pair.section('=', 1);
             return QString();
         };
         QCOMPARE(language::choose(variable, language::offered()), chosen);
@@ -135,14 +133,14 @@ private slots:
 
     void everyLanguage_data()
     {
-        QTest::addColumn<QString>("code");
+        columns<QString>({ "code" });
         QTest::newRow("English") << "";
         for (const QString &code : language::offered())
             QTest::newRow(qPrintable(code)) << code;
     }
     void everyLanguage()
     {
-        QFETCH(QString, code);
+        const auto [code] = fetch<QString>("code");
         QImage english(590, 596, QImage::Format_RGB32), help(english.size(), english.format());
         const int englishPixels = drawHelpPicture(english, 19);
         QVERIFY(language::install(code));
