@@ -8,6 +8,8 @@ work=$(mktemp -d "${TMPDIR:-/tmp}/installed-XXXXXX")
 pids=()
 trap 'for p in "${pids[@]}"; do kill "$p" 2>/dev/null || true; done; rm -rf "$work"' EXIT
 fail() { echo "FAIL: $*" >&2; exit 1; }
+# Runs the command every tenth of a second, for up to ten seconds, until it succeeds.
+waitfor() { for _ in $(seq 100); do "$@" >/dev/null 2>&1 && return; sleep 0.1; done; return 1; }
 
 DESTDIR=$work/stage cmake --install "$build" --prefix /usr >/dev/null
 share=$work/stage/usr/share
@@ -43,19 +45,17 @@ done
 # game that connects during the reset finds no server.
 Xvfb -displayfd 3 -screen 0 1024x768x24 -nolisten tcp -noreset 3>"$work/display" 2>"$work/xvfb.log" &
 pids+=($!)
-for _ in $(seq 50); do [ -s "$work/display" ] && break; sleep 0.1; done
+waitfor test -s "$work/display" || true
 mkdir -p "$work/home"
 export DISPLAY=":$(cat "$work/display")"
 # The game is started only once the server answers: a start that finds no server is not the game's fault.
-for _ in $(seq 50); do xdotool getdisplaygeometry >/dev/null 2>&1 && break; sleep 0.1; done
-xdotool getdisplaygeometry >/dev/null 2>&1 || fail "Xvfb on $DISPLAY does not answer: $(cat "$work/xvfb.log")"
+waitfor xdotool getdisplaygeometry || fail "Xvfb on $DISPLAY does not answer: $(cat "$work/xvfb.log")"
 # Started as a menu starts it: GLib reads the entry and finds its program on the scratch root's path.
 start() {
     env -i PATH="$work/root/usr/games:$PATH" HOME="$work/home" DISPLAY="$DISPLAY" QT_QPA_PLATFORM=xcb LC_ALL=C \
         gio launch "$entry" "$@"
-    for _ in $(seq 100); do xdotool search --onlyvisible --class varno >/dev/null 2>&1 && break; sleep 0.1; done
-    game=$(xdotool search --onlyvisible --class varno getwindowpid) ||
-        fail "no window; Xvfb said: $(cat "$work/xvfb.log")"
+    waitfor xdotool search --onlyvisible --class varno || fail "no window; Xvfb said: $(cat "$work/xvfb.log")"
+    game=$(xdotool search --onlyvisible --class varno getwindowpid)
     pids+=($game)
 }
 lib=$work/home/.local/share/varno/varno/lib
@@ -64,13 +64,12 @@ start
 [ "$(ls -A "$work/root/usr/games")" = "varno" ] || fail "files beside the program: $(ls -A "$work/root/usr/games")"
 # A starter picture the player deleted does not come back at the next start.
 kill "$game"
-for _ in $(seq 50); do kill -0 "$game" 2>/dev/null || break; sleep 0.1; done
+waitfor test ! -e "/proc/$game" || true
 gone=$(ls "$lib" | head -n 1)
 rm "$lib/$gone"
 # "Open With" hands the game the file, which it opens as Open Image would: this one it refuses.
 echo "not a picture" >"$work/Not a picture.jpg"
 start "$work/Not a picture.jpg"
 [ ! -e "$lib/$gone" ] || fail "$gone came back"
-for _ in $(seq 100); do xdotool search --onlyvisible --name "^Open - ERROR$" >/dev/null && break; sleep 0.1; done
-xdotool search --onlyvisible --name "^Open - ERROR$" >/dev/null || fail "the file from Open With was not opened"
+waitfor xdotool search --onlyvisible --name "^Open - ERROR$" || fail "the file from Open With was not opened"
 echo "1 passed, 0 failed"
