@@ -49,8 +49,7 @@ private slots:
         QVERIFY(board->tableInterface()->rowCount() == 3
             && board->child(3)->tableCellInterface()->rowIndex() == 1);
         const auto focused = [&](QAccessible::Text t) { return board->focusChild()->text(t); };
-        QTest::keyClick(w.vxrz, Qt::Key_Down);
-        QTest::keyClick(w.vxrz, Qt::Key_Down);
+        cursorTo(w, 4); // down into the tray
         QTest::keyClick(w.vxrz, Qt::Key_Space);
         QVERIFY(focused(QAccessible::Name) == "Tray box 1: piece " + piece
             && focused(QAccessible::Description) == "Piece " + piece + " lifted");
