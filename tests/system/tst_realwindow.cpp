@@ -62,7 +62,6 @@ class RealWindowTest : public QObject
     const QPoint lib { 174, 127 }; // the library window's top-left, centred on the screen as the game is
     QImage m_start; // the screen at the game's first start
 
-    // The client area of the window whose top-left is at.
     static QImage clientArea(const QImage &screen, QPoint at)
     {
         return screen.copy(QRect(at + QPoint(3, 3), QSize(800, 600))).convertToFormat(QImage::Format_RGB32);

@@ -19,7 +19,6 @@ Held held(const PuzzleState &s)
     return h;
 }
 
-// The box that shows holder h.
 PictureBox *boxOf(const vxmain &w, int h)
 {
     return h < w.state().TileTotal ? w.vxrz : w.vxpcs[h - w.state().TileTotal];
